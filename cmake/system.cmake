@@ -1,0 +1,15 @@
+# SPDX-License-Identifier: MIT
+# Which system and processor the programs are built for: picks the few sources that cannot be
+# compiled everywhere, and the variant suffix that bundled executables carry in their names.
+
+if(APPLE)
+  set(TARNWICK_SYSTEM darwin)
+else()
+  set(TARNWICK_SYSTEM linux)
+endif()
+
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(arm64|aarch64)$")
+  set(TARNWICK_VARIANT_SUFFIX ${TARNWICK_SYSTEM}-arm64)
+else()
+  set(TARNWICK_VARIANT_SUFFIX ${TARNWICK_SYSTEM}-amd64)
+endif()

@@ -1,0 +1,28 @@
+# SPDX-License-Identifier: MIT
+# Compiler settings that every target of ours links. Warnings are errors only in the presets, so
+# that a packager with a newer compiler is not stopped by a new warning.
+
+option(TARNWICK_WARNINGS_AS_ERRORS "Treat warnings as errors" OFF)
+
+add_library(tarnwick_warnings INTERFACE)
+target_compile_options(tarnwick_warnings INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
+  -Woverloaded-virtual -Wold-style-cast)
+if(TARNWICK_WARNINGS_AS_ERRORS)
+  target_compile_options(tarnwick_warnings INTERFACE -Werror)
+endif()
+target_compile_definitions(tarnwick_warnings INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_URL_CAST_FROM_STRING
+  QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_STRICT_ITERATORS)
+
+# Address and undefined-behaviour sanitizers, or coverage counters, for a whole build.
+option(TARNWICK_SANITIZE "Instrument with the address and undefined-behaviour sanitizers" OFF)
+option(TARNWICK_COVERAGE "Instrument for line and branch coverage" OFF)
+if(TARNWICK_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+if(TARNWICK_COVERAGE)
+  add_compile_options(--coverage -fprofile-update=atomic)
+  add_link_options(--coverage)
+endif()

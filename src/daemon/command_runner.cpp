@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#include "daemon/command_runner.h"
+
+#include "platform/child_process.h"
+
+#include <QDeadlineTimer>
+#include <QStringDecoder>
+
+namespace tarnwick {
+
+using namespace Qt::StringLiterals;
+
+CommandRunner::CommandRunner(QString cliPath, DaemonPaths paths, Timing timing, StopSignal stop)
+    : cliPath_(std::move(cliPath)), paths_(std::move(paths)), timing_(timing),
+      stop_(std::move(stop)) {}
+
+QString CommandRunner::runCLIWithTimeout(const QStringList& arguments,
+                                         Timing::Milliseconds timeout) const {
+    reaper_->reap();
+    const QString socketFlag = u"--socket="_s + paths_.socketPath();
+    auto child = ChildProcess::start({cliPath_, QStringList(socketFlag) + arguments});
+    if (!child.isStarted())
+        return u"error: "_s + qt_error_string(child.startError());
+
+    // The output stays in the pipe until the tool has ended: one that prints more than the pipe
+    // holds is stuck in a loop and is treated as one that hangs.
+    QDeadlineTimer deadline(timeout);
+    if (!waitForEnd(child, deadline))
+        return u"error: connection timed out"_s;
+    deadline += timing_.pollStep.count();
+    return textFromUtf8(child.readOutput(deadline, stop_));
+}
+
+QString CommandRunner::runCLI(const QStringList& arguments) const {
+    return runCLIWithTimeout(arguments, timing_.commandTimeout);
+}
+
+void CommandRunner::pause(Timing::Milliseconds duration) const {
+    stop_.waitFor(duration);
+}
+
+void CommandRunner::runSilently(const CommandLine& command, Timing::Milliseconds timeout) const {
+    auto child = ChildProcess::start(command, ChildProcess::Output::Discarded);
+    waitForEnd(child, QDeadlineTimer(timeout));
+}
+
+// A child that outlives its time is asked to end and not waited for. One that merely outlives us
+// is left alone: the user's last command is to take effect.
+bool CommandRunner::waitForEnd(ChildProcess& child, QDeadlineTimer deadline) const {
+    if (child.waitForEnd(deadline, timing_.pollStep, stop_))
+        return true;
+    if (!stop_.isRequested())
+        child.terminate();
+    if (const auto pid = child.release())
+        reaper_->adopt(*pid);
+    return false;
+}
+
+bool hasCommandError(const QString& output) {
+    return output.contains("error"_L1, Qt::CaseInsensitive) ||
+           output.contains("Response status"_L1);
+}
+
+QString textFromUtf8(const QByteArray& bytes) {
+    QStringDecoder decode(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString text = decode(bytes);
+    return decode.hasError() ? QString(u""_s) : text;
+}
+
+} // namespace tarnwick

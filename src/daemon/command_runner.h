@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "daemon/daemon_paths.h"
+#include "daemon/timing.h"
+#include "platform/child_reaper.h"
+#include "platform/stop_signal.h"
+
+#include <QDeadlineTimer>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+namespace tarnwick {
+
+class ChildProcess;
+struct CommandLine;
+
+/// Runs the daemon's command-line tool, one short run a call, and returns what it printed.
+///
+/// Blocks its caller for up to the time limit plus one poll step: never call it on the main thread.
+/// A value: copies share only the record of children that outlived their time limit, and may be
+/// used by one thread at a time. Never throws and reports no exit status; failures are texts.
+class CommandRunner {
+public:
+    CommandRunner(QString cliPath, DaemonPaths paths, Timing timing, StopSignal stop);
+
+    /// Runs the tool with "--socket=…" and then `arguments`. Returns its standard output and error
+    /// as they came, "" when they are not UTF-8; "error: connection timed out" when it still ran
+    /// at the limit; "error: " and the system's reason when it could not be started.
+    QString runCLIWithTimeout(const QStringList& arguments, Timing::Milliseconds timeout) const;
+
+    /// The same with the usual time limit.
+    QString runCLI(const QStringList& arguments) const;
+
+    /// Runs another program for its effect alone: its output, and whether it starts, do not matter.
+    void runSilently(const CommandLine& command, Timing::Milliseconds timeout) const;
+
+    /// Sleeps, unless the program is being left.
+    void pause(Timing::Milliseconds duration) const;
+
+    const Timing& timing() const { return timing_; }
+
+private:
+    bool waitForEnd(ChildProcess& child, QDeadlineTimer deadline) const;
+
+    QString cliPath_;
+    DaemonPaths paths_;
+    Timing timing_;
+    StopSignal stop_;
+    std::shared_ptr<ChildReaper> reaper_ = std::make_shared<ChildReaper>();
+};
+
+/// Whether the tool's output tells of a failure. Empty output does not.
+bool hasCommandError(const QString& output);
+
+/// `bytes` as text, or "" when they are not valid UTF-8.
+QString textFromUtf8(const QByteArray& bytes);
+
+} // namespace tarnwick

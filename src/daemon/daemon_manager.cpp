@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "daemon/daemon_manager.h"
+
+#include "platform/machine.h"
+#include "platform/quality_of_service.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QSettings>
+
+namespace tarnwick {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::unique_ptr<QSettings> userSettings(const Platform& platform) {
+    return std::make_unique<QSettings>(platform.settingsOrganization, platform.settingsApplication);
+}
+
+} // namespace
+
+QString DaemonManagerOptions::executableDir() {
+    const QString directory = QCoreApplication::applicationDirPath();
+    return directory.isEmpty() ? u"."_s : directory;
+}
+
+QString DaemonManagerOptions::userHomeDir() {
+    return QDir::homePath();
+}
+
+QString DaemonManagerOptions::machineName() {
+    return machineHardwareName();
+}
+
+std::shared_ptr<DaemonManager> DaemonManager::create(DaemonManagerOptions options) {
+    std::shared_ptr<DaemonManager> manager(new DaemonManager(std::move(options)));
+    manager->checkDaemonInstalled();
+    manager->startStatusPolling(); // needs the shared pointer, which a constructor does not have
+    return manager;
+}
+
+DaemonManager::DaemonManager(DaemonManagerOptions options)
+    : platform_(options.platform), timing_(options.timing),
+      bundleDir_(options.bundleDir), paths_{options.homeDir, platform_.systemSocket},
+      tools_(ToolPaths::resolve(platform_, options.machine, bundleDir_, options.homeDir)),
+      details_(options.settings ? std::move(options.settings) : userSettings(platform_)),
+      refresh_(timing_.profileRefreshInterval), runner_(tools_.cliPath, paths_, timing_, stop_),
+      workQueue_(u"com.tarnwick.client.daemon"_s, enterBackgroundQualityOfService) {
+    QObject::connect(&statusTimer_, &QTimer::timeout, &statusTimer_, [this] { refreshStatus(); });
+}
+
+DaemonManager::~DaemonManager() {
+    statusTimer_.stop();
+    stop_.request();
+}
+
+DaemonState DaemonManager::state() const {
+    return {
+        .isConnected = isConnected(),
+        .backendState = backendState(),
+        .ipAddress = ipAddress(),
+        .hostname = hostname(),
+        .devices = devices(),
+        .profiles = profiles(),
+        .errorMessage = errorMessage(),
+        .daemonInstalled = daemonInstalled(),
+    };
+}
+
+void DaemonManager::startStatusPolling() {
+    statusTimer_.stop();
+    refreshStatus();
+    statusTimer_.start(timing_.statusPollInterval);
+}
+
+} // namespace tarnwick

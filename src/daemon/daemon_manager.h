@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "daemon/command_runner.h"
+#include "daemon/daemon_state.h"
+#include "daemon/published.h"
+#include "daemon/refresh_bookkeeping.h"
+#include "daemon/tool_paths.h"
+#include "model/profile_details_store.h"
+#include "model/status_response.h"
+#include "platform/platform.h"
+#include "platform/serial_queue.h"
+
+#include <QSettings>
+#include <QThreadPool>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace tarnwick {
+
+/// What a controller is made of, with the real things as defaults.
+struct DaemonManagerOptions {
+    Platform platform = hostPlatform();
+    Timing timing = {};
+    QString bundleDir = executableDir(); ///< Where bundled executables are looked for.
+    QString homeDir = userHomeDir();
+    QString machine = machineName();
+    std::unique_ptr<QSettings> settings = nullptr; ///< The user's own when null.
+
+    static QString executableDir();
+    static QString userHomeDir();
+    static QString machineName();
+};
+
+/// The one controller of the daemon: runs its tool, and publishes the state that views show.
+///
+/// Lives on the main thread for as long as the program, in a shared pointer. Operations return at
+/// once; the tool runs on one serial queue, in the order in which they were called, and what comes
+/// of it is published on the main thread. Failures of the tool arrive as `errorMessage`, success
+/// as changed state. Nothing throws.
+class DaemonManager : public std::enable_shared_from_this<DaemonManager> {
+public:
+    using Completion = std::function<void()>;
+
+    /// Makes a controller whose status poll is already running. Main thread.
+    static std::shared_ptr<DaemonManager> create(DaemonManagerOptions options = {});
+    ~DaemonManager();
+    DaemonManager(const DaemonManager&) = delete;
+    DaemonManager& operator=(const DaemonManager&) = delete;
+
+    ObjectWillChange objectWillChange;
+
+    Published<bool> isConnected{objectWillChange, false};
+    Published<QString> backendState{objectWillChange, DaemonState::stoppedStatus()};
+    Published<QString> ipAddress{objectWillChange, {}};
+    Published<QString> hostname{objectWillChange, {}};
+    Published<QList<DeviceInfo>> devices{objectWillChange, {}};
+    Published<QList<NetworkProfile>> profiles{objectWillChange, {}};
+    Published<std::optional<QString>> errorMessage{objectWillChange, std::nullopt};
+    Published<bool> daemonInstalled{objectWillChange, false};
+
+    /// All published fields as they are now.
+    DaemonState state() const;
+
+    QString statusLabel() const { return state().statusLabel(); }
+
+    HeaderColor headerColor() const { return state().headerColor(); }
+
+    /// Refreshes at once and then every five seconds; called again, it starts over.
+    void startStatusPolling();
+
+    /// Asks the daemon for its status and, now and then or when forced, for the profile list. Any
+    /// thread. `completion` is called once on the main thread: when the state is published, or at
+    /// once when a refresh is already running; never when the controller goes first.
+    void refreshStatus(bool forceProfiles = false, Completion completion = {});
+
+    void connect();
+    void disconnect(); ///< Shows no message when it fails: the state says as much.
+
+    /// Logs in with `authKey`, starting a stopped daemon first. `deviceName` is cleaned of blanks;
+    /// none is passed on when nothing is left. `completion` follows the refresh after the log-in.
+    void connectWithAuthKey(const QString& authKey, const QString& deviceName,
+                            Completion completion = {});
+
+    void switchProfile(const QString& id);
+    void removeProfile(const QString& id);
+
+    /// Sets `daemonInstalled` from the files of an installation.
+    void checkDaemonInstalled();
+
+    /// Installs daemon, tool and job with administrator rights, which the system asks the user
+    /// for; the outcome is `daemonInstalled` or `errorMessage`. `completion` is called on the main
+    /// thread with whether it succeeded. A prompt left open blocks nothing else.
+    void installAndStartDaemon(std::function<void(bool)> completion = {});
+
+private:
+    explicit DaemonManager(DaemonManagerOptions options);
+
+    struct InstallOutcome {
+        bool succeeded = false;
+        QString message; ///< What to show when it did not.
+    };
+
+    // status_refresh.cpp
+    void beginRefresh(bool forceProfiles, Completion completion);
+
+    struct RefreshResult {
+        std::optional<StatusResponse> status;          ///< None: the daemon did not answer.
+        QList<DeviceInfo> devices;                     ///< Of that status, sorted.
+        std::optional<QList<NetworkProfile>> profiles; ///< None: not asked for.
+    };
+
+    static RefreshResult readStatus(const CommandRunner& runner, bool readProfiles);
+    void finishRefresh(const RefreshResult& result, const Completion& completion);
+    void publishStopped();
+    void publishStatus(const StatusResponse& status, const QList<DeviceInfo>& sortedDevices);
+
+    // connection_commands.cpp
+    using ToolWork = std::function<QString(const CommandRunner&)>;
+    void perform(ToolWork work, std::function<void(DaemonManager&, const QString&)> handle);
+    void finishConnecting(const QString& output);
+    void finishLogin(const QString& output, const Completion& completion);
+    void finishRemoval(const QString& id, const QString& output);
+
+    // profile_details.cpp
+    QList<NetworkProfile> enrichProfiles(QList<NetworkProfile> list) const;
+    void rememberCurrentProfileDetails(const QString& address, const QString& name);
+    void pruneProfileDetails(const QList<NetworkProfile>& keeping);
+    std::optional<QString> profileToRememberFor() const;
+
+    // daemon_installation.cpp
+    static QString launchDaemonPlistSource(const Platform& platform, const QString& bundleDir,
+                                           const DaemonPaths& paths);
+    static InstallOutcome runInstallation(const CommandLine& command, const Timing& timing,
+                                          const StopSignal& stop);
+    void finishInstallation(const InstallOutcome& outcome);
+    static void ensureDaemonRunning(const CommandRunner& runner, const CommandLine& nudge);
+
+    const Platform platform_;
+    const Timing timing_;
+    const QString bundleDir_;
+    const DaemonPaths paths_;
+    const ToolPaths tools_;
+    ProfileDetailsStore details_;
+
+    RefreshBookkeeping refresh_;
+    std::optional<QString> pendingCurrentProfileID_;
+    QTimer statusTimer_;
+
+    // Last, so that they go first: no work is left when the fields above are released.
+    StopSignal stop_;
+    CommandRunner runner_;
+    QThreadPool installPool_;
+    SerialQueue workQueue_;
+};
+
+} // namespace tarnwick

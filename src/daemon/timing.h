@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <chrono>
+
+namespace tarnwick {
+
+/// Every interval, time limit and pause of the controller. Tests run the same code with short ones.
+struct Timing {
+    using Milliseconds = std::chrono::milliseconds;
+
+    Milliseconds statusPollInterval{5000};
+    Milliseconds profileRefreshInterval{30000}; ///< Age at which the profile list is re-read.
+
+    Milliseconds commandTimeout{12000};
+    Milliseconds loginTimeout{30000};
+    Milliseconds probeTimeout{5000}; ///< Limit of the question whether the daemon is alive.
+    Milliseconds pollStep{500};      ///< How often a running child is looked at.
+
+    Milliseconds switchPause{800};       ///< From switching the profile to bringing it up.
+    Milliseconds daemonStartPause{3000}; ///< Lets a started daemon open its socket.
+    Milliseconds refreshAfterInstall{2000};
+};
+
+} // namespace tarnwick

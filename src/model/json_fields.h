@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QJsonObject>
+#include <QString>
+#include <QStringList>
+
+namespace tarnwick {
+
+/// Reads the fields of one JSON object with strict types: an absent key or a null leaves the
+/// target as it is, a value of another type makes the whole reading fail.
+class JsonFields {
+public:
+    explicit JsonFields(const QJsonObject& object) : object_(object) {}
+
+    void read(QLatin1StringView key, QString& target);
+    void read(QLatin1StringView key, bool& target);
+    void read(QLatin1StringView key, QStringList& target);
+
+    /// Whether every value read so far had the right type.
+    bool isValid() const { return isValid_; }
+
+private:
+    const QJsonObject& object_;
+    bool isValid_ = true;
+};
+
+/// `value` as text whether the key's value is null or absent.
+inline bool isAbsent(const QJsonValue& value) {
+    return value.isNull() || value.isUndefined();
+}
+
+} // namespace tarnwick

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include "model/profile_details_store.h"
+
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLockFile>
+#include <QSettings>
+
+namespace tarnwick {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const auto detailsKey = "tarnwick.profileDetails"_L1;
+
+// QSettings waits without end, on this the main thread, for another process that holds the
+// settings file's lock. Whether one does can be asked first.
+bool isLockedByAnother(const QSettings& settings) {
+    const QString file = settings.fileName();
+    if (!QFileInfo(file).exists())
+        return false; // a system that keeps settings elsewhere, or nothing to lock yet
+    QLockFile lock(file + u".lock"_s);
+    return !lock.tryLock(0) && lock.error() == QLockFile::LockFailedError;
+}
+
+} // namespace
+
+ProfileDetailsStore::ProfileDetailsStore(std::unique_ptr<QSettings> settings)
+    : settings_(std::move(settings)) {}
+
+ProfileDetailsStore::~ProfileDetailsStore() = default;
+ProfileDetailsStore::ProfileDetailsStore(ProfileDetailsStore&&) noexcept = default;
+
+ProfileDetailsMap ProfileDetailsStore::load() const {
+    return decode(storedData()).value_or(ProfileDetailsMap());
+}
+
+void ProfileDetailsStore::save(const ProfileDetailsMap& details) {
+    const QByteArray data = encode(details);
+    if (isLockedByAnother(*settings_))
+        return;
+    settings_->sync(); // notices a file that somebody else changed, removed or damaged
+    if (storedData() != data)
+        settings_->setValue(QAnyStringView(detailsKey), data);
+    settings_->sync();
+}
+
+QByteArray ProfileDetailsStore::storedData() const {
+    const QVariant value = settings_->value(QAnyStringView(detailsKey));
+    return value.typeId() == QMetaType::QByteArray ? value.toByteArray() : QByteArray();
+}
+
+QByteArray ProfileDetailsStore::encode(const ProfileDetailsMap& details) {
+    QJsonObject json;
+    for (auto entry = details.begin(); entry != details.end(); ++entry)
+        json.insert(entry.key(), QJsonObject{{u"ipAddress"_s, entry->ipAddress},
+                                             {u"hostname"_s, entry->hostname}});
+    return QJsonDocument(json).toJson(QJsonDocument::Compact);
+}
+
+std::optional<ProfileDetailsMap> ProfileDetailsStore::decode(const QByteArray& data) {
+    const auto document = QJsonDocument::fromJson(data);
+    if (!document.isObject())
+        return std::nullopt;
+    ProfileDetailsMap details;
+    const QJsonObject json = document.object();
+    for (auto entry = json.begin(); entry != json.end(); ++entry) {
+        const QJsonValue value = entry.value();
+        const QJsonValue ipAddress = value["ipAddress"_L1];
+        const QJsonValue hostname = value["hostname"_L1];
+        if (!ipAddress.isString() || !hostname.isString())
+            return std::nullopt;
+        details.insert(entry.key(), {ipAddress.toString(), hostname.toString()});
+    }
+    return details;
+}
+
+} // namespace tarnwick

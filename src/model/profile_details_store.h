@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "model/network_profile_details.h"
+
+#include <QByteArray>
+
+#include <memory>
+#include <optional>
+
+class QSettings;
+
+namespace tarnwick {
+
+/// The user's settings, of which the client has one: the remembered details of each profile.
+///
+/// Main thread only. Never reports an error: what cannot be read counts as nothing remembered, and
+/// a failed save is made up for by the next one.
+class ProfileDetailsStore {
+public:
+    explicit ProfileDetailsStore(std::unique_ptr<QSettings> settings);
+    ~ProfileDetailsStore();
+    ProfileDetailsStore(ProfileDetailsStore&&) noexcept;
+
+    ProfileDetailsMap load() const;
+
+    /// Replaces what is stored. Writes only what differs from it: details are saved after every
+    /// successful poll.
+    void save(const ProfileDetailsMap& details);
+
+    /// The stored form, UTF-8 JSON; decoding it fails as a whole on any other shape.
+    static QByteArray encode(const ProfileDetailsMap& details);
+    static std::optional<ProfileDetailsMap> decode(const QByteArray& json);
+
+private:
+    QByteArray storedData() const;
+
+    std::unique_ptr<QSettings> settings_;
+};
+
+} // namespace tarnwick

@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: MIT
+#include "platform/child_process.h"
+
+#include "platform/spawn_support.h"
+#include "platform/stop_signal.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+extern char** environ; // NOLINT(readability-redundant-declaration): not every system declares it
+
+namespace tarnwick {
+
+namespace {
+
+// More than any tool prints; only a grandchild that floods the pipe after the tool has ended gets
+// here, and it must not fill the memory.
+constexpr qsizetype outputLimit = 16 * 1024 * 1024;
+
+/// What posix_spawn() is told besides the program: streams, signals, descriptors.
+class SpawnSettings {
+public:
+    explicit SpawnSettings(int outputEnd) {
+        posix_spawn_file_actions_init(&actions_);
+        posix_spawnattr_init(&attributes_);
+        sendOutputTo(outputEnd);
+        short flags = POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF;
+        closeInheritedDescriptors(attributes_, actions_, flags);
+        resetSignals();
+        posix_spawnattr_setflags(&attributes_, flags);
+    }
+
+    ~SpawnSettings() {
+        posix_spawn_file_actions_destroy(&actions_);
+        posix_spawnattr_destroy(&attributes_);
+    }
+
+    SpawnSettings(const SpawnSettings&) = delete;
+    SpawnSettings& operator=(const SpawnSettings&) = delete;
+
+    const posix_spawn_file_actions_t* actions() const { return &actions_; }
+
+    const posix_spawnattr_t* attributes() const { return &attributes_; }
+
+private:
+    void sendOutputTo(int end) {
+        if (end < 0)
+            posix_spawn_file_actions_addopen(&actions_, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+        else
+            posix_spawn_file_actions_adddup2(&actions_, end, STDOUT_FILENO);
+        posix_spawn_file_actions_adddup2(&actions_, STDOUT_FILENO, STDERR_FILENO);
+    }
+
+    // A child keeps its parent's blocked and ignored signals: without this, a SIGPIPE that we
+    // ignore, or a SIGTERM that we block, would be ignored or blocked in the tool.
+    void resetSignals() {
+        sigset_t none;
+        sigemptyset(&none);
+        posix_spawnattr_setsigmask(&attributes_, &none);
+        sigset_t all;
+        sigfillset(&all);
+        sigdelset(&all, SIGKILL);
+        sigdelset(&all, SIGSTOP);
+        posix_spawnattr_setsigdefault(&attributes_, &all);
+    }
+
+    posix_spawn_file_actions_t actions_ = {};
+    posix_spawnattr_t attributes_ = {};
+};
+
+/// The texts of an argument or environment list, and the null-terminated array that exec takes.
+class TextArray {
+public:
+    void append(QByteArray text) { texts_.push_back(std::move(text)); }
+
+    char* const* data() {
+        pointers_.clear();
+        for (QByteArray& text : texts_)
+            pointers_.push_back(text.data());
+        pointers_.push_back(nullptr);
+        return pointers_.data();
+    }
+
+private:
+    std::vector<QByteArray> texts_;
+    std::vector<char*> pointers_;
+};
+
+TextArray argumentsOf(const CommandLine& command) {
+    TextArray arguments;
+    arguments.append(command.program.toLocal8Bit());
+    for (const QString& argument : command.arguments)
+        arguments.append(argument.toUtf8());
+    return arguments;
+}
+
+TextArray childEnvironment() {
+    constexpr char browser[] = "BROWSER=";
+    TextArray entries;
+    for (char** entry = environ; entry != nullptr && *entry != nullptr; ++entry)
+        if (std::strncmp(*entry, browser, sizeof browser - 1) != 0)
+            entries.append(*entry);
+    entries.append("BROWSER=echo");
+    return entries;
+}
+
+} // namespace
+
+ChildProcess ChildProcess::start(const CommandLine& command, Output output) {
+    ChildProcess child;
+    int ends[2] = {-1, -1};
+    if (output == Output::Captured) {
+        child.startError_ = makePipe(ends);
+        if (child.startError_ != 0)
+            return child;
+    }
+    child.pipe_ = ends[0];
+
+    const SpawnSettings settings(ends[1]);
+    auto arguments = argumentsOf(command);
+    auto environment = childEnvironment();
+    pid_t pid = -1;
+    child.startError_ =
+        posix_spawn(&pid, command.program.toLocal8Bit().constData(), settings.actions(),
+                    settings.attributes(), arguments.data(), environment.data());
+    if (child.startError_ == 0)
+        child.pid_ = pid;
+    if (ends[1] >= 0)
+        close(ends[1]);
+    return child;
+}
+
+ChildProcess::ChildProcess(ChildProcess&& other) noexcept
+    : pid_(std::exchange(other.pid_, -1)), status_(other.status_), startError_(other.startError_),
+      pipe_(std::exchange(other.pipe_, -1)) {}
+
+ChildProcess::~ChildProcess() {
+    if (pipe_ >= 0)
+        close(pipe_);
+}
+
+bool ChildProcess::isRunning() {
+    if (pid_ < 0)
+        return false;
+    pid_t reaped = 0;
+    do {
+        reaped = waitpid(pid_, &status_, WNOHANG);
+    } while (reaped < 0 && errno == EINTR);
+    if (reaped == 0)
+        return true;
+    if (reaped < 0)
+        status_ = -1; // somebody else reaped it: how it ended is not known
+    pid_ = -1;
+    return false;
+}
+
+bool ChildProcess::waitForEnd(QDeadlineTimer deadline, std::chrono::milliseconds step,
+                              const StopSignal& stop) {
+    while (isRunning()) {
+        if (deadline.hasExpired() || stop.isRequested())
+            return false;
+        stop.waitFor(step);
+    }
+    return true;
+}
+
+bool ChildProcess::hasSucceeded() const {
+    return pid_ < 0 && status_ >= 0 && WIFEXITED(status_) && WEXITSTATUS(status_) == 0;
+}
+
+void ChildProcess::terminate() const {
+    if (pid_ > 0)
+        kill(pid_, SIGTERM);
+}
+
+QByteArray ChildProcess::readOutput(QDeadlineTimer deadline, const StopSignal& stop) const {
+    QByteArray output;
+    std::array<char, 16384> buffer;
+    std::array<pollfd, 2> waits = {{{pipe_, POLLIN, 0}, {stop.descriptor(), POLLIN, 0}}};
+    while (pipe_ >= 0 && !stop.isRequested() && output.size() < outputLimit) {
+        const int ready =
+            poll(waits.data(), waits.size(), static_cast<int>(deadline.remainingTime()));
+        if (ready < 0 && errno == EINTR)
+            continue;
+        if (ready <= 0 || waits[0].revents == 0)
+            break;
+        const ssize_t count = read(pipe_, buffer.data(), buffer.size());
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count <= 0)
+            break;
+        output.append(buffer.data(), count);
+    }
+    return output;
+}
+
+std::optional<pid_t> ChildProcess::release() {
+    const pid_t pid = std::exchange(pid_, -1);
+    return pid < 0 ? std::nullopt : std::optional(pid);
+}
+
+} // namespace tarnwick

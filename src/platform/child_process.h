@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/command_line.h"
+
+#include <QByteArray>
+#include <QDeadlineTimer>
+
+#include <chrono>
+#include <optional>
+#include <sys/types.h>
+
+namespace tarnwick {
+
+class StopSignal;
+
+/// Owns one child process and the read end of the pipe that its output goes to.
+///
+/// The child gets this process's standard input and environment with `BROWSER` set to "echo"
+/// (a tool that wants to open a log-in page prints its address instead), default signal handling,
+/// and no other descriptor of ours. Destroying the owner closes the pipe; it neither kills nor
+/// waits: whoever leaves a child running hands its `release()`d id to a ChildReaper.
+///
+/// Not thread-safe: one object is used by one thread at a time.
+class ChildProcess {
+public:
+    enum class Output {
+        Captured,  ///< Standard output and error go to one pipe, read with readOutput().
+        Discarded, ///< Both go to the null device.
+    };
+
+    /// Starts `command`. A failure shows in isStarted() and startError().
+    static ChildProcess start(const CommandLine& command, Output output = Output::Captured);
+
+    ChildProcess(ChildProcess&& other) noexcept;
+    ChildProcess& operator=(ChildProcess&&) = delete;
+    ~ChildProcess();
+
+    bool isStarted() const { return startError_ == 0; }
+
+    int startError() const { return startError_; } ///< An errno value; 0 when it was started.
+
+    /// Whether the child has not ended yet. Never blocks; reaps a child that has.
+    bool isRunning();
+
+    /// Looks every `step` whether the child has ended; false when it still runs at `deadline` or
+    /// when `stop` is requested first.
+    bool waitForEnd(QDeadlineTimer deadline, std::chrono::milliseconds step,
+                    const StopSignal& stop);
+
+    /// Whether the child has ended by itself with status 0.
+    bool hasSucceeded() const;
+
+    /// Asks the child to end; it may refuse or take its time.
+    void terminate() const;
+
+    /// Reads the output to end of file. Returns what there was when `deadline` passes or `stop` is
+    /// requested first: a grandchild may hold the pipe open for as long as it likes.
+    QByteArray readOutput(QDeadlineTimer deadline, const StopSignal& stop) const;
+
+    /// Gives up the child: returns its id when it still has to be reaped.
+    std::optional<pid_t> release();
+
+private:
+    ChildProcess() = default;
+
+    pid_t pid_ = -1; ///< -1 once reaped or released.
+    int status_ = -1;
+    int startError_ = 0;
+    int pipe_ = -1;
+};
+
+} // namespace tarnwick

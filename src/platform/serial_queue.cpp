@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#include "platform/serial_queue.h"
+
+#include <QObject>
+#include <QThread>
+
+#include <chrono>
+
+namespace tarnwick {
+
+namespace {
+
+constexpr auto patience = std::chrono::milliseconds(500);
+
+} // namespace
+
+SerialQueue::SerialQueue(const QString& label, std::function<void()> prepare)
+    : thread_(std::make_unique<QThread>()), context_(std::make_unique<QObject>()) {
+    thread_->setObjectName(label);
+    context_->moveToThread(thread_.get());
+    thread_->start();
+    if (prepare)
+        async(std::move(prepare));
+}
+
+SerialQueue::~SerialQueue() {
+    thread_->quit();
+    if (thread_->wait(QDeadlineTimer(patience)))
+        return;
+    // Stuck in the kernel, on a dead network file system for instance. The process is about to
+    // end anyway, and destroying a running thread would abort it.
+    static_cast<void>(thread_.release());
+    static_cast<void>(context_.release());
+}
+
+void SerialQueue::async(std::function<void()> work) {
+    QMetaObject::invokeMethod(context_.get(), std::move(work), Qt::QueuedConnection);
+}
+
+} // namespace tarnwick

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+class QObject;
+class QThread;
+
+namespace tarnwick {
+
+/// One background thread that runs what it is given, one piece after another, in the order given.
+///
+/// The destructor waits for the piece that is running, but not for long: pieces that block end
+/// early on a StopSignal, and one that does not is left behind rather than waited for. Pieces not
+/// yet begun may or may not run. async() may be called from any thread.
+class SerialQueue {
+public:
+    /// `label` names the thread; `prepare`, when given, runs first on it.
+    explicit SerialQueue(const QString& label, std::function<void()> prepare = {});
+    ~SerialQueue();
+    SerialQueue(const SerialQueue&) = delete;
+    SerialQueue& operator=(const SerialQueue&) = delete;
+
+    void async(std::function<void()> work);
+
+private:
+    std::unique_ptr<QThread> thread_;
+    std::unique_ptr<QObject> context_; ///< Lives on the thread; work is posted to it.
+};
+
+} // namespace tarnwick

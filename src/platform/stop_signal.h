@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <chrono>
+#include <memory>
+
+namespace tarnwick {
+
+/// A one-way switch that ends waits early, so that leaving the program waits for nobody.
+///
+/// Copies share the switch. Every operation may be called from any thread. Should the system be
+/// out of descriptors, waits simply take their full time.
+class StopSignal {
+public:
+    StopSignal();
+
+    /// Ends every wait, present and future.
+    void request() const;
+
+    bool isRequested() const;
+
+    /// Sleeps for `duration`, or until a stop is requested; returns whether it was.
+    bool waitFor(std::chrono::milliseconds duration) const;
+
+    /// Becomes readable when a stop is requested; for use with poll(). -1 when there is none.
+    int descriptor() const;
+
+private:
+    class Pipe;
+    std::shared_ptr<Pipe> pipe_;
+};
+
+} // namespace tarnwick
