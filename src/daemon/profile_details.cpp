@@ -39,10 +39,11 @@ std::optional<QString> DaemonManager::profileToRememberFor() const {
     const QList<NetworkProfile>& list = profiles();
     auto found = std::find_if(list.begin(), list.end(),
                               [](const NetworkProfile& profile) { return profile.isCurrent; });
-    if (found == list.end())
+    if (found == list.end()) {
         found = std::find_if(list.begin(), list.end(), [this](const NetworkProfile& profile) {
             return profile.id == pendingCurrentProfileID_;
         });
+    }
     return found == list.end() ? std::nullopt : std::optional(found->id);
 }
 

@@ -27,7 +27,8 @@ void JsonFields::read(QLatin1StringView key, QStringList& target) {
         return;
     isValid_ = isValid_ && value.isArray();
     QStringList texts;
-    for (const QJsonValue& element : value.toArray()) {
+    const QJsonArray elements = value.toArray();
+    for (const auto& element : elements) {
         isValid_ = isValid_ && element.isString();
         texts.append(element.toString());
     }

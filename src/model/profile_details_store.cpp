@@ -31,7 +31,6 @@ ProfileDetailsStore::ProfileDetailsStore(std::unique_ptr<QSettings> settings)
     : settings_(std::move(settings)) {}
 
 ProfileDetailsStore::~ProfileDetailsStore() = default;
-ProfileDetailsStore::ProfileDetailsStore(ProfileDetailsStore&&) noexcept = default;
 
 ProfileDetailsMap ProfileDetailsStore::load() const {
     return decode(storedData()).value_or(ProfileDetailsMap());

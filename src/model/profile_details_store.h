@@ -20,7 +20,8 @@ class ProfileDetailsStore {
 public:
     explicit ProfileDetailsStore(std::unique_ptr<QSettings> settings);
     ~ProfileDetailsStore();
-    ProfileDetailsStore(ProfileDetailsStore&&) noexcept;
+    ProfileDetailsStore(const ProfileDetailsStore&) = delete;
+    ProfileDetailsStore& operator=(const ProfileDetailsStore&) = delete;
 
     ProfileDetailsMap load() const;
 

@@ -24,7 +24,7 @@ namespace {
 
 // More than any tool prints; only a grandchild that floods the pipe after the tool has ended gets
 // here, and it must not fill the memory.
-constexpr qsizetype outputLimit = 16 * 1024 * 1024;
+constexpr qsizetype outputLimit = qsizetype(16) * 1024 * 1024;
 
 /// What posix_spawn() is told besides the program: streams, signals, descriptors.
 class SpawnSettings {

@@ -34,6 +34,8 @@ public:
 
     ChildProcess(ChildProcess&& other) noexcept;
     ChildProcess& operator=(ChildProcess&&) = delete;
+    ChildProcess(const ChildProcess&) = delete;
+    ChildProcess& operator=(const ChildProcess&) = delete;
     ~ChildProcess();
 
     bool isStarted() const { return startError_ == 0; }
