@@ -26,7 +26,7 @@ void RequestParser::readHeader() {
         return;
     }
     const auto numbers = parseHeader(std::string_view(buffer_).substr(0, end), 2);
-    if (!numbers || (*numbers)[1] > maximumBytes || (*numbers)[0] > (*numbers)[1]) {
+    if (!numbers || (*numbers)[1] > maximumBytes || (*numbers)[0] > maximumCount) {
         status_ = Status::Malformed;
         return;
     }

@@ -16,8 +16,10 @@ class RequestParser {
 public:
     enum class Status { Incomplete, Complete, Malformed };
 
-    /// More than this many bytes of arguments are refused; any command line is far smaller.
-    static constexpr std::size_t maximumBytes = std::size_t{4} << 20;
+    /// More arguments, or more bytes of them, are refused: any command line has far fewer, and
+    /// nobody should be kept waiting while a silly one is taken apart.
+    static constexpr std::size_t maximumBytes = std::size_t{1} << 20;
+    static constexpr std::size_t maximumCount = 1000;
 
     Status feed(std::string_view bytes);
 
