@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/panel_call.h"
+
 #include <QString>
 
 #include <functional>
@@ -18,6 +20,8 @@ struct PanelCalls {
     std::function<void()> checkForUpdates;
     std::function<void()> openWebsite;
     std::function<void()> quit;
+
+    void perform(const PanelCall& call) const;
 };
 
 } // namespace tarnwick

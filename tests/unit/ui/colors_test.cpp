@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include "ui/colors.h"
+
+#include <gtest/gtest.h>
+
+namespace tarnwick {
+
+namespace {
+
+constexpr ThemeColor allColors[] = {ThemeColor::Label, ThemeColor::Secondary, ThemeColor::Green,
+                                    ThemeColor::Orange, ThemeColor::Red};
+
+QPalette paletteOf(const QColor& ground, const QColor& text) {
+    QPalette palette;
+    palette.setColor(QPalette::Window, ground);
+    palette.setColor(QPalette::WindowText, text);
+    palette.setColor(QPalette::Highlight, QColor(0x30, 0x8c, 0xc6));
+    return palette;
+}
+
+class ColorsOfPalette : public testing::TestWithParam<QPalette> {};
+
+TEST_P(ColorsOfPalette, TextsAreLegibleOnTheGroundAndOnAHighlightedRow) {
+    const QPalette& palette = GetParam();
+    const QColor ground = backgroundColor(palette);
+    const QColor highlighted = blended(highlightColor(palette), ground);
+    for (const ThemeColor color : allColors) {
+        EXPECT_GE(contrastRatio(themeColor(color, palette), ground), 4.5) << int(color);
+        EXPECT_GE(contrastRatio(themeColor(color, palette), highlighted), 4.5) << int(color);
+    }
+    EXPECT_GE(contrastRatio(focusColor(palette), ground), 3.0);
+}
+
+TEST_P(ColorsOfPalette, ColorsKeepTheirHue) {
+    const QPalette& palette = GetParam();
+    const QColor green = themeColor(ThemeColor::Green, palette);
+    EXPECT_GT(green.green(), green.red());
+    EXPECT_GT(green.green(), green.blue());
+    const QColor red = themeColor(ThemeColor::Red, palette);
+    EXPECT_GT(red.red(), red.green());
+    EXPECT_GT(red.red(), red.blue());
+    const QColor orange = themeColor(ThemeColor::Orange, palette);
+    EXPECT_GT(orange.red(), orange.green());
+    EXPECT_GT(orange.green(), orange.blue());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Palettes, ColorsOfPalette,
+    testing::Values(paletteOf(Qt::white, Qt::black), paletteOf(QColor(0xef, 0xef, 0xef), Qt::black),
+                    paletteOf(QColor(0xf6, 0xf5, 0xf4), QColor(0x2e, 0x34, 0x36)),
+                    paletteOf(QColor(0x24, 0x24, 0x24), Qt::white),
+                    paletteOf(QColor(0x35, 0x35, 0x35), QColor(0xee, 0xee, 0xec)),
+                    paletteOf(Qt::black, Qt::white),
+                    paletteOf(QColor(0xfd, 0xf6, 0xe3), QColor(0x65, 0x7b, 0x83))));
+
+TEST(Colors, DarkIsWhereTextsAreLighterThanTheGround) {
+    EXPECT_FALSE(isDark(paletteOf(Qt::white, Qt::black)));
+    EXPECT_TRUE(isDark(paletteOf(QColor(0x24, 0x24, 0x24), Qt::white)));
+}
+
+TEST(Colors, HighlightIsTheLabelColorAtEightPercent) {
+    const QColor highlight = highlightColor(paletteOf(Qt::white, QColor(10, 20, 30)));
+    EXPECT_EQ(highlight.rgb(), QColor(10, 20, 30).rgb());
+    EXPECT_NEAR(highlight.alphaF(), 0.08, 0.002);
+}
+
+TEST(Colors, OfflineDotIsGreyAtFortyPercent) {
+    EXPECT_NEAR(offlineDotColor().alphaF(), 0.4, 0.002);
+    EXPECT_LT(offlineDotColor().hsvSaturation(), 20);
+}
+
+TEST(Colors, ContrastIsThatOfWcag) {
+    EXPECT_NEAR(contrastRatio(Qt::black, Qt::white), 21.0, 0.01);
+    EXPECT_NEAR(contrastRatio(Qt::white, QColor(0x76, 0x76, 0x76)), 4.54, 0.01);
+    EXPECT_NEAR(contrastRatio(Qt::red, Qt::red), 1.0, 0.001);
+}
+
+} // namespace
+
+} // namespace tarnwick
