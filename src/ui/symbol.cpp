@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/symbol.h"
 
+#include <QFile>
 #include <QPainter>
 #include <QPixmapCache>
 #include <QSvgRenderer>
@@ -18,9 +19,10 @@ namespace {
 
 QPixmap renderedSymbol(const QString& name, int size, const QColor& color, qreal ratio) {
     loadSymbols();
-    QSvgRenderer renderer(u":/symbols/%1.svg"_s.arg(name));
-    if (!renderer.isValid())
+    const QString file = u":/symbols/%1.svg"_s.arg(name);
+    if (!QFile::exists(file))
         return {};
+    QSvgRenderer renderer(file);
     QPixmap pixmap(QSize(size, size) * ratio);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);

@@ -44,11 +44,13 @@ TEST(Symbol, AllThirteenAreDrawnInTheirColorAndNotClipped) {
             for (int x = 0; x < drawn.width(); ++x) {
                 const QColor pixel = drawn.pixelColor(x, y);
                 inked += pixel.alpha() == 255;
-                if (pixel.alpha() == 255)
+                if (pixel.alpha() == 255) {
                     EXPECT_EQ(pixel.rgb(), QColor(Qt::red).rgb());
+                }
                 const bool onEdge = x == 0 || y == 0 || x == 63 || y == 63;
-                if (onEdge)
+                if (onEdge) {
                     EXPECT_LT(pixel.alpha(), 40) << qPrintable(name) << " touches its edge";
+                }
             }
         EXPECT_GT(inked, 150) << qPrintable(name);
     }
