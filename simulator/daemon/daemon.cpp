@@ -50,6 +50,10 @@ int runDaemon(const std::vector<std::string>& arguments) {
     }
     if (!options.problem.empty())
         return fail(options.problem, usageStatus);
+    if (options.printWorld) {
+        std::fputs(World::builtIn().constData(), stdout);
+        return 0;
+    }
     std::string problem;
     std::optional<World> world = readWorld(options.worldPath, problem);
     if (!world)

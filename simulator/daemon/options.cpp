@@ -23,6 +23,8 @@ Options Options::parse(const std::vector<std::string>& arguments) {
         std::string value;
         if (argument == "--help")
             options.help = true;
+        else if (argument == "--print-world")
+            options.printWorld = true;
         else if (take(argument, "--state=", value))
             options.statePath = QString::fromStdString(value);
         else if (take(argument, "--socket=", value))
@@ -51,6 +53,7 @@ const char* Options::usage() {
            "  --no-logs-no-support    accepted and ignored\n"
            "  --world=FILE            networks, accounts, peers and auth keys, as JSON\n"
            "  --fault=FAULT[@COMMAND] go wrong, in all commands or in one; may be repeated\n"
+           "  --print-world           print the built-in world, to start another from, and end\n"
            "\n"
            "FAULT is hang, slow:SECONDS, garbage, flood, error, crash or none.\n"
            "COMMAND is status, list, switch, up, down, login or remove.\n";

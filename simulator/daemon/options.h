@@ -18,6 +18,7 @@ struct Options {
     QString worldPath; ///< empty: the built-in world
     FaultTable faults;
     bool help = false;
+    bool printWorld = false;
     std::string problem; ///< what is wrong with the command line; empty: nothing
 
     static Options parse(const std::vector<std::string>& arguments);
