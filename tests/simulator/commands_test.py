@@ -151,6 +151,7 @@ class CommandsTest(unittest.TestCase):
         self.assertEqual(self.daemon.status()["BackendState"], "NeedsLogin")
         self.assertEqual(self.listed(), [(harbor, "harbor-labs", "mira@harborlabs.example")])
         self.daemon.tool("switch", harbor)
+        self.assertEqual(self.daemon.status()["BackendState"], "Stopped")
         self.daemon.tool("up")
         self.assertEqual(self.daemon.status()["BackendState"], "Running")
 

@@ -92,6 +92,13 @@ class HostileTest(unittest.TestCase):
             except OSError:
                 pass  # the first ones have had to go by now
         self.assertEqual(self.daemon.status()["BackendState"], "Running")
+        # The oldest went to make room, the youngest is still served.
+        with self.assertRaises(OSError):
+            while crowd[0].recv(1):
+                pass
+            crowd[0].send(b"x")
+        crowd[-1].sendall(b"tarnwick/1 1 7\nstatus\0")
+        self.assertTrue(crowd[-1].recv(64).startswith(b"tarnwick/1 0 0 "))
 
     def test_tools_that_never_read_their_answer(self):
         for _ in range(4):

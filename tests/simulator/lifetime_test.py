@@ -59,6 +59,20 @@ class LifetimeTest(unittest.TestCase):
         daemon.start()
         self.assertEqual(daemon.status()["BackendState"], "Running")
 
+    def test_switch_and_removal_survive_a_kill(self):
+        daemon = self.make().start()
+        ids = []
+        for key in ("twkey-harbor-good", "twkey-fernwood-good", "twkey-kite-good"):
+            daemon.log_in(key)
+            ids.append(daemon.account()["current"])
+        for command in (("switch", ids[0]),
+                        ("debug", "localapi", "DELETE", f"/localapi/v0/profiles/{ids[1]}")):
+            daemon.tool(*command)
+            daemon.stop(signal.SIGKILL)
+            account = daemon.start().account()
+            self.assertEqual(account["current"], ids[0])
+        self.assertEqual([profile["id"] for profile in account["profiles"]], [ids[0], ids[2]])
+
     def test_auth_key_is_not_written_down(self):
         daemon = self.make().start()
         daemon.log_in("twkey-harbor-once")
