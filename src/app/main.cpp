@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "app/command_line_options.h"
+#include "app/program.h"
 
-int main() {
-    return 0;
+int main(int argc, char** argv) {
+    return tarnwick::runProgram(argc, argv);
 }

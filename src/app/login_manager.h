@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDBusAbstractInterface>
+
+namespace tarnwick {
+
+/// The system's log-in manager, which announces sleep and wake-up.
+class LoginManager : public QDBusAbstractInterface {
+    Q_OBJECT
+
+public:
+    explicit LoginManager(const QDBusConnection& systemBus);
+
+Q_SIGNALS:
+    /// The signal of this name on the bus: the computer is about to sleep, or has woken.
+    void PrepareForSleep(bool start);
+};
+
+} // namespace tarnwick

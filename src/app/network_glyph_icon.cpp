@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include "app/network_glyph_icon.h"
+
+#include <QIconEngine>
+#include <QPainter>
+#include <QPixmap>
+
+#include <numbers>
+
+namespace tarnwick {
+
+namespace {
+
+// All lengths are parts of the icon's width.
+constexpr double hubRadius = 0.14;
+constexpr double satelliteRadius = 0.085;
+constexpr double orbit = 0.375;
+constexpr double lineWidth = 0.07;
+constexpr double outlineWidth = 0.045;
+constexpr int satelliteCount = 6;
+
+void paintGlyph(QPainter& painter, double size, double margin, const QColor& color) {
+    QPen pen(color, (lineWidth + 2 * margin) * size);
+    pen.setCapStyle(Qt::FlatCap);
+    painter.setBrush(color);
+    for (int i = 0; i < satelliteCount; ++i) {
+        const double angle = 2 * std::numbers::pi * i / satelliteCount;
+        const QPointF satellite(orbit * size * std::sin(angle), -orbit * size * std::cos(angle));
+        painter.setPen(pen);
+        painter.drawLine(QPointF(0, 0), satellite);
+        painter.setPen(Qt::NoPen);
+        const double radius = (satelliteRadius + margin) * size;
+        painter.drawEllipse(satellite, radius, radius);
+    }
+    const double radius = (hubRadius + margin) * size;
+    painter.drawEllipse(QPointF(0, 0), radius, radius);
+}
+
+class NetworkGlyphEngine : public QIconEngine {
+public:
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override {
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->translate(QRectF(rect).center());
+        const double size = std::min(rect.width(), rect.height());
+        paintGlyph(*painter, size, outlineWidth, QColor(0x2b, 0x2f, 0x36));
+        paintGlyph(*painter, size, 0, QColor(0xe6, 0xe8, 0xeb));
+        painter->restore();
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap pixmap(size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        paint(&painter, QRect(QPoint(0, 0), size), mode, state);
+        return pixmap;
+    }
+
+    // A status-notifier icon is sent in the sizes named here.
+    QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override {
+        return {{16, 16}, {22, 22}, {24, 24}, {32, 32}, {48, 48}, {64, 64}};
+    }
+
+    QIconEngine* clone() const override { return new NetworkGlyphEngine(*this); }
+};
+
+} // namespace
+
+QIcon networkGlyphIcon() {
+    return QIcon(new NetworkGlyphEngine);
+}
+
+} // namespace tarnwick

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#include "app/panel_presenter.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace tarnwick {
+
+namespace {
+
+/// Longest time between the press that takes the focus from the panel and the click that it ends
+/// as, in milliseconds.
+constexpr qint64 longestClick = 400;
+
+PanelPlacement placementFor(const std::optional<QRect>& icon) {
+    const QPoint cursor = QCursor::pos();
+    const QScreen* screen = QGuiApplication::screenAt(icon ? icon->center() : cursor);
+    if (!screen)
+        screen = QGuiApplication::primaryScreen();
+    const QRect whole = screen->geometry();
+    const QRect available = screen->availableGeometry();
+    return {icon.value_or(assumedIcon(cursor, whole, available)), whole, available};
+}
+
+} // namespace
+
+PanelPresenter::PanelPresenter(MakePanel makePanel) : makePanel_(std::move(makePanel)) {}
+
+PanelPresenter::~PanelPresenter() = default;
+
+MenuBarView& PanelPresenter::panel() {
+    if (!panel_) {
+        panel_ = makePanel_();
+        QObject::connect(panel_.get(), &MenuBarView::dismissedByDeactivation, this,
+                         [this] { sinceDismissal_.start(); });
+    }
+    return *panel_;
+}
+
+void PanelPresenter::toggle(const std::optional<QRect>& icon) {
+    // The click that is to close the panel has closed it already, by taking the focus from it.
+    const bool closedByThisClick =
+        sinceDismissal_.isValid() && sinceDismissal_.elapsed() < longestClick;
+    sinceDismissal_.invalidate();
+    if (isOpen())
+        panel_->close();
+    else if (!closedByThisClick)
+        open(icon);
+}
+
+void PanelPresenter::open(const std::optional<QRect>& icon) {
+    const PanelPlacement placement = placementFor(icon);
+    panel().setMaximumPanelHeight(placement.roomForPanel());
+    panel().openAt(placement.position(panel().panelSize()));
+}
+
+void PanelPresenter::openAsWindow() {
+    open(std::nullopt);
+}
+
+} // namespace tarnwick

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include "app/program.h"
+
+#include "app/command_line_options.h"
+#include "app/install_command.h"
+#include "app/launch_channel.h"
+#include "app/qt_platform_choice.h"
+#include "app/session_lock.h"
+#include "app/session_paths.h"
+#include "app/tarnwick_app.h"
+#include "platform/version.h"
+
+#include <QApplication>
+
+#include <array>
+#include <cstdio>
+
+namespace tarnwick {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int refusedStatus = 2;
+constexpr std::chrono::seconds launchPatience{3};
+
+void nameApplication() {
+    QCoreApplication::setApplicationName(u"tarnwick-client"_s);
+    QCoreApplication::setApplicationVersion(versionCompiledIn({}));
+}
+
+int runSecondLaunch(int argc, char** argv, const QString& socket) {
+    const QCoreApplication application(argc, argv);
+    const QByteArray token = qgetenv("XDG_ACTIVATION_TOKEN");
+    if (LaunchChannel::askToShow(socket, token, launchPatience))
+        return 0;
+    std::fputs("tarnwick-client: it is running already, but does not answer\n", stderr);
+    return 1;
+}
+
+int runApplication(int argc, char** argv) {
+    const SessionPaths paths = SessionPaths::ofThisSession();
+    const SessionLock lock(paths.lock);
+    if (lock.state() == SessionLock::State::HeldByOther)
+        return runSecondLaunch(argc, argv, paths.socket);
+
+    // Given as arguments and not in the environment, which the programs that we start inherit.
+    QByteArray option("-platform");
+    QByteArray platforms =
+        preferredQtPlatforms(QProcessEnvironment::systemEnvironment()).toLatin1();
+    std::array<char*, 4> arguments{argv[0], option.data(), platforms.data(), nullptr};
+    int count = platforms.isEmpty() ? 1 : 3;
+
+    QApplication application(count, arguments.data());
+    QApplication::setQuitOnLastWindowClosed(false);
+    QGuiApplication::setApplicationDisplayName(u"Tarnwick Network"_s);
+    QGuiApplication::setDesktopFileName(u"tarnwick-client"_s);
+    const TarnwickApp app(paths.socket);
+    return QApplication::exec();
+}
+
+int runInstallation(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    return runInstallCommand();
+}
+
+} // namespace
+
+int runProgram(int argc, char** argv) {
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    nameApplication();
+    const CommandLineOptions options = CommandLineOptions::parse(arguments);
+    switch (options.action) {
+    case CommandLineOptions::Action::Run:
+        break;
+    case CommandLineOptions::Action::ShowHelp:
+        std::fputs(qPrintable(CommandLineOptions::helpText()), stdout);
+        return 0;
+    case CommandLineOptions::Action::ShowVersion:
+        std::printf("tarnwick-client %s\n", qPrintable(QCoreApplication::applicationVersion()));
+        return 0;
+    case CommandLineOptions::Action::InstallDaemon:
+        return runInstallation(argc, argv);
+    case CommandLineOptions::Action::Refuse:
+        std::fprintf(stderr, "tarnwick-client: %s\n", qPrintable(options.error));
+        return refusedStatus;
+    }
+    return runApplication(argc, argv);
+}
+
+} // namespace tarnwick

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+namespace tarnwick {
+
+/// A lock that at most one process holds, given back by the system however that process ends: no
+/// crash can leave it behind, so there is no stale lock to recognise.
+class SessionLock {
+public:
+    /// Tries to take the lock that the file at `path` stands for; makes the file when missing.
+    explicit SessionLock(const QString& path);
+    ~SessionLock();
+    SessionLock(const SessionLock&) = delete;
+    SessionLock& operator=(const SessionLock&) = delete;
+
+    enum class State {
+        Held,
+        HeldByOther,
+        Impossible, ///< The file cannot be made or locked.
+    };
+
+    State state() const { return state_; }
+
+private:
+    int descriptor_ = -1;
+    State state_ = State::Impossible;
+};
+
+} // namespace tarnwick

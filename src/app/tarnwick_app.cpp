@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include "app/tarnwick_app.h"
+
+#include "platform/service_addresses.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QSessionManager>
+#include <QUrl>
+
+namespace tarnwick {
+
+TarnwickApp::TarnwickApp(const QString& launchSocket, DaemonManagerOptions options)
+    : daemon_(DaemonManager::create(std::move(options))), platform_(hostPlatform()),
+      launches_(launchSocket),
+      presenter_([this] { return std::make_unique<MenuBarView>(daemon_, panelCalls()); }) {
+    QObject::connect(&signals_, &TerminationSignals::received, qApp,
+                     [] { QCoreApplication::exit(0); });
+    QObject::connect(&wakeUp_, &WakeUp::woke, this, [this] { daemon_->startStatusPolling(); });
+    QObject::connect(&launches_, &LaunchChannel::showRequested, this, &TarnwickApp::showOnRequest);
+    QObject::connect(&statusArea_, &StatusArea::appeared, this, &TarnwickApp::showIcon);
+    // A session starts the program by its autostart entry; restoring it as well would be once too
+    // often.
+    QObject::connect(qApp, &QGuiApplication::commitDataRequest, this, [](QSessionManager& session) {
+        session.setRestartHint(QSessionManager::RestartNever);
+    });
+}
+
+TarnwickApp::~TarnwickApp() = default;
+
+PanelCalls TarnwickApp::panelCalls() {
+    PanelCalls calls;
+    calls.switchProfile = [this](const QString& id) {
+        daemon_->switchProfile(id);
+    };
+    calls.removeProfile = [this](const QString& id) {
+        daemon_->removeProfile(id);
+    };
+    calls.disconnect = [this] {
+        daemon_->disconnect();
+    };
+    calls.refresh = [this] {
+        daemon_->refreshStatus();
+    };
+    calls.openWebsite = [] {
+        const QUrl url(serviceAddresses().webSite, QUrl::StrictMode);
+        if (url.isValid())
+            QDesktopServices::openUrl(url);
+    };
+    calls.quit = [] {
+        QCoreApplication::quit();
+    };
+    return calls;
+}
+
+void TarnwickApp::showIcon() {
+    if (icon_)
+        return;
+    icon_ = std::make_unique<TrayIcon>(platform_);
+    QObject::connect(icon_.get(), &TrayIcon::clicked, this,
+                     [this] { presenter_.toggle(iconGeometry()); });
+    QObject::connect(icon_.get(), &TrayIcon::openChosen, this,
+                     [this] { presenter_.open(iconGeometry()); });
+    QObject::connect(icon_.get(), &TrayIcon::quitChosen, qApp, &QCoreApplication::quit);
+}
+
+void TarnwickApp::showOnRequest(const QByteArray& activationToken) {
+    // Qt takes the token from here when it activates a window on Wayland.
+    if (!activationToken.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", activationToken);
+    const std::optional<QRect> icon = iconGeometry();
+    if (icon)
+        presenter_.open(icon);
+    else
+        presenter_.openAsWindow();
+}
+
+std::optional<QRect> TarnwickApp::iconGeometry() const {
+    return icon_ ? icon_->geometry() : std::nullopt;
+}
+
+} // namespace tarnwick

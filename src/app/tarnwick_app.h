@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/launch_channel.h"
+#include "app/panel_presenter.h"
+#include "app/status_area.h"
+#include "app/termination_signals.h"
+#include "app/tray_icon.h"
+#include "app/wake_up.h"
+#include "daemon/daemon_manager.h"
+
+#include <memory>
+#include <optional>
+
+namespace tarnwick {
+
+/// The program while it runs: one controller, one icon, and what they open.
+class TarnwickApp : public QObject {
+    Q_OBJECT
+
+public:
+    /// Starts to poll the daemon and waits for a place for the icon. `launchSocket` is where second
+    /// launches are listened for. Main thread, with a QApplication.
+    explicit TarnwickApp(const QString& launchSocket, DaemonManagerOptions options = {});
+    ~TarnwickApp() override;
+
+    /// The one controller, whoever asks and however often.
+    const std::shared_ptr<DaemonManager>& daemon() const { return daemon_; }
+
+private:
+    PanelCalls panelCalls();
+    void showIcon();
+    void showOnRequest(const QByteArray& activationToken);
+    std::optional<QRect> iconGeometry() const;
+
+    const std::shared_ptr<DaemonManager> daemon_;
+    const Platform platform_;
+    TerminationSignals signals_;
+    WakeUp wakeUp_;
+    LaunchChannel launches_;
+    PanelPresenter presenter_;
+    StatusArea statusArea_;
+    std::unique_ptr<TrayIcon> icon_; ///< Null until there is a status area.
+};
+
+} // namespace tarnwick

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#include "app/tray_icon.h"
+
+namespace tarnwick {
+
+using namespace Qt::StringLiterals;
+
+TrayIcon::TrayIcon(const Platform& platform) {
+    const MenuBarIcon picture = MenuBarIcon::make(platform);
+    icon_.setIcon(picture.icon);
+    icon_.setToolTip(u"Tarnwick Network"_s);
+    if (platform.iconMenu)
+        makeMenu();
+    QObject::connect(&icon_, &QSystemTrayIcon::activated, this,
+                     [this](QSystemTrayIcon::ActivationReason reason) {
+                         if (reason == QSystemTrayIcon::Trigger)
+                             Q_EMIT clicked();
+                     });
+    icon_.show();
+}
+
+TrayIcon::~TrayIcon() = default;
+
+std::optional<QRect> TrayIcon::geometry() const {
+    const QRect rect = icon_.geometry();
+    if (rect.isEmpty())
+        return std::nullopt;
+    return rect;
+}
+
+void TrayIcon::makeMenu() {
+    menu_ = std::make_unique<QMenu>();
+    QObject::connect(menu_->addAction(u"Open Tarnwick Network"_s), &QAction::triggered, this,
+                     &TrayIcon::openChosen);
+    QObject::connect(menu_->addAction(u"Quit Tarnwick Network"_s), &QAction::triggered, this,
+                     &TrayIcon::quitChosen);
+    icon_.setContextMenu(menu_.get());
+}
+
+} // namespace tarnwick

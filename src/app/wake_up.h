@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+
+#include <memory>
+
+namespace tarnwick {
+
+/// Tells when the computer has woken from sleep.
+class WakeUp : public QObject {
+    Q_OBJECT
+
+public:
+    WakeUp();
+    ~WakeUp() override;
+
+Q_SIGNALS:
+    void woke();
+
+private:
+    class Watch;
+    std::unique_ptr<Watch> watch_;
+};
+
+} // namespace tarnwick
