@@ -2,6 +2,7 @@
 #include "app/menu_bar_icon.h"
 
 #include "app/network_glyph_icon.h"
+#include "ui/symbol.h"
 
 #include <QImage>
 #include <QPixmap>
@@ -25,6 +26,16 @@ QPixmap decodedPicture(const QByteArray& text) {
     return pixmap;
 }
 
+QIcon networkSymbol() {
+    // Where nothing tints it, this grey is told from a dark panel as well as from a light one.
+    const QColor color(0x88, 0x88, 0x88);
+    QIcon icon;
+    for (const int size : {18, 22, 24, 36, 48})
+        icon.addPixmap(symbolPixmap(u"network"_s, size, color, 1));
+    icon.setIsMask(true);
+    return icon;
+}
+
 } // namespace
 
 MenuBarIcon MenuBarIcon::make(const Platform& platform, const QByteArray& text) {
@@ -37,7 +48,10 @@ MenuBarIcon MenuBarIcon::make(const Platform& platform, const QByteArray& text) 
     // Elsewhere nothing tints the picture, and light grey vanishes on a light panel.
     if (!picture.isNull())
         return {networkGlyphIcon(), displaySize, false, {}};
-    return {QIcon(), {}, platform.templateIcon, u"Tarnwick Network"_s};
+    const QIcon symbol = networkSymbol();
+    if (symbol.isNull())
+        qFatal("Unexpectedly found nil while unwrapping an Optional value");
+    return {symbol, {}, platform.templateIcon, u"Tarnwick Network"_s};
 }
 
 } // namespace tarnwick

@@ -8,6 +8,7 @@ using namespace Qt::StringLiterals;
 TrayIcon::TrayIcon(const Platform& platform) {
     const MenuBarIcon picture = MenuBarIcon::make(platform);
     icon_.setIcon(picture.icon);
+    // Status areas offer no text but this one to a screen reader.
     icon_.setToolTip(u"Tarnwick Network"_s);
     if (platform.iconMenu)
         makeMenu();

@@ -55,7 +55,7 @@ std::uint32_t X11Tray::atom(const QByteArray& name) {
         return XCB_ATOM_NONE;
     const Reply<xcb_intern_atom_reply_t> reply(answer(
         connection_, ask(connection_, 0, static_cast<std::uint16_t>(name.size()), name), nullptr));
-    return reply ? reply->atom : XCB_ATOM_NONE;
+    return reply ? reply->atom : std::uint32_t{XCB_ATOM_NONE};
 }
 
 bool X11Tray::exists() {
