@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace tarnwick::fuzz {
+
+/// Ends the run with a finding when something that always holds does not.
+inline void require(bool holds, const char* property) {
+    if (holds)
+        return;
+    std::fprintf(stderr, "violated: %s\n", property);
+    std::abort();
+}
+
+} // namespace tarnwick::fuzz
