@@ -151,6 +151,8 @@ Reply Engine::remove(const QString& id) {
     if (removed == 0)
         return failure(u"Response status: 404 Not Found\nprofile not found"_s);
     if (id == state_.currentId) {
+        state_.currentId.clear();
+        state_.wantRunning = false;
     }
     store_.save(state_);
     return {};
