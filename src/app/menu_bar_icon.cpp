@@ -6,6 +6,7 @@
 
 #include <QImage>
 #include <QPixmap>
+#include <QStandardPaths>
 
 namespace tarnwick {
 
@@ -24,6 +25,15 @@ QPixmap decodedPicture(const QByteArray& text) {
     QPixmap pixmap = QPixmap::fromImage(image);
     pixmap.setDevicePixelRatio(static_cast<qreal>(image.width()) / displaySize.width());
     return pixmap;
+}
+
+/// The name of our symbolic icon when it is installed, else "". Looked for where packages put it:
+/// asking Qt would read the whole icon theme.
+QString installedThemeIcon() {
+    const QString name = u"tarnwick-client-symbolic"_s;
+    const QString file = u"icons/hicolor/symbolic/apps/"_s + name + u".svg"_s;
+    return QStandardPaths::locate(QStandardPaths::GenericDataLocation, file).isEmpty() ? QString()
+                                                                                       : name;
 }
 
 QIcon networkSymbol() {
@@ -47,7 +57,7 @@ MenuBarIcon MenuBarIcon::make(const Platform& platform, const QByteArray& text) 
     }
     // Elsewhere nothing tints the picture, and light grey vanishes on a light panel.
     if (!picture.isNull())
-        return {networkGlyphIcon(), displaySize, false, {}};
+        return {networkGlyphIcon(installedThemeIcon()), displaySize, false, {}};
     const QIcon symbol = networkSymbol();
     if (symbol.isNull())
         qFatal("Unexpectedly found nil while unwrapping an Optional value");

@@ -38,6 +38,10 @@ void paintGlyph(QPainter& painter, double size, double margin, const QColor& col
 
 class NetworkGlyphEngine : public QIconEngine {
 public:
+    explicit NetworkGlyphEngine(QString themeName) : themeName_(std::move(themeName)) {}
+
+    QString iconName() override { return themeName_; }
+
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override {
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
@@ -62,12 +66,15 @@ public:
     }
 
     QIconEngine* clone() const override { return new NetworkGlyphEngine(*this); }
+
+private:
+    QString themeName_;
 };
 
 } // namespace
 
-QIcon networkGlyphIcon() {
-    return QIcon(new NetworkGlyphEngine);
+QIcon networkGlyphIcon(const QString& themeName) {
+    return QIcon(new NetworkGlyphEngine(themeName));
 }
 
 } // namespace tarnwick

@@ -13,13 +13,19 @@ namespace {
 /// as, in milliseconds.
 constexpr qint64 longestClick = 400;
 
+/// Height that a window manager's title bar and borders take at most, in device-independent pixels.
+constexpr int titleBarAllowance = 48;
+
+const QScreen& screenAt(const QPoint& point) {
+    const QScreen* screen = QGuiApplication::screenAt(point);
+    return screen ? *screen : *QGuiApplication::primaryScreen();
+}
+
 PanelPlacement placementFor(const std::optional<QRect>& icon) {
     const QPoint cursor = QCursor::pos();
-    const QScreen* screen = QGuiApplication::screenAt(icon ? icon->center() : cursor);
-    if (!screen)
-        screen = QGuiApplication::primaryScreen();
-    const QRect whole = screen->geometry();
-    const QRect available = screen->availableGeometry();
+    const QScreen& screen = screenAt(icon ? icon->center() : cursor);
+    const QRect whole = screen.geometry();
+    const QRect available = screen.availableGeometry();
     return {icon.value_or(assumedIcon(cursor, whole, available)), whole, available};
 }
 
@@ -56,7 +62,11 @@ void PanelPresenter::open(const std::optional<QRect>& icon) {
 }
 
 void PanelPresenter::openAsWindow() {
-    open(std::nullopt);
+    const QRect available = screenAt(QCursor::pos()).availableGeometry();
+    panel().setMaximumPanelHeight(available.height() - titleBarAllowance);
+    QRect place(QPoint(0, 0), panel().panelSize());
+    place.moveCenter(available.center());
+    panel().openAsWindowAt(place.topLeft());
 }
 
 } // namespace tarnwick

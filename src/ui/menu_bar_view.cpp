@@ -10,9 +10,15 @@ namespace tarnwick {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr Qt::WindowFlags panelFlags = Qt::Tool | Qt::FramelessWindowHint;
+
+} // namespace
+
 MenuBarView::MenuBarView(std::shared_ptr<DaemonManager> daemon, PanelCalls calls, QWidget* parent)
-    : QWidget(parent, Qt::Tool | Qt::FramelessWindowHint), daemon_(std::move(daemon)),
-      calls_(std::move(calls)) {
+    : QWidget(parent, panelFlags), daemon_(std::move(daemon)), calls_(std::move(calls)) {
+    setWindowTitle(u"Tarnwick Network"_s);
     setFixedWidth(panelWidth);
     auto* layout = new QVBoxLayout(this);
     const auto add = [&](const QString& title, const std::function<void()>& call) {
@@ -41,6 +47,17 @@ void MenuBarView::setMaximumPanelHeight(int height) {
 }
 
 void MenuBarView::openAt(const QPoint& topLeft) {
+    openAs(panelFlags, topLeft);
+}
+
+void MenuBarView::openAsWindowAt(const QPoint& topLeft) {
+    openAs(Qt::Window, topLeft);
+}
+
+void MenuBarView::openAs(Qt::WindowFlags flags, const QPoint& topLeft) {
+    // Qt adds flags of its own; this one tells the two apart. Setting flags hides the window.
+    if (windowFlags().testFlag(Qt::FramelessWindowHint) != flags.testFlag(Qt::FramelessWindowHint))
+        setWindowFlags(flags);
     resize(panelSize());
     move(topLeft);
     show();
@@ -49,7 +66,8 @@ void MenuBarView::openAt(const QPoint& topLeft) {
 }
 
 bool MenuBarView::event(QEvent* event) {
-    if (event->type() == QEvent::WindowDeactivate && isVisible()) {
+    if (event->type() == QEvent::WindowDeactivate && isVisible() &&
+        windowFlags().testFlag(Qt::FramelessWindowHint)) {
         Q_EMIT dismissedByDeactivation();
         hide();
     }

@@ -33,6 +33,10 @@ public:
     /// Shows the panel with its corner there, and activates it.
     void openAt(const QPoint& topLeft);
 
+    /// Shows the panel as an ordinary window with a title bar, for where there is no icon to hang
+    /// it under. It stays when another window becomes active.
+    void openAsWindowAt(const QPoint& topLeft);
+
     /// How often the contents were rendered so far.
     int renderCount() const { return renderCount_; }
 
@@ -49,6 +53,8 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    void openAs(Qt::WindowFlags flags, const QPoint& topLeft);
+
     std::shared_ptr<DaemonManager> daemon_;
     PanelCalls calls_;
     int renderCount_ = 0;
