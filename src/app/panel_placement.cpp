@@ -32,10 +32,11 @@ PanelPlacement::Edge PanelPlacement::edge() const {
         return Edge::Left;
     if (centre.x() > available.right())
         return Edge::Right;
-    // The status area reserves no room: the nearest edge holds it, and of two, the level one.
+    // The status area reserves no room: the nearest edge holds it, and in a corner the level one.
+    const int inCorner = icon.height();
     const std::array<std::pair<int, Edge>, 4> distances{
-        {{centre.y() - screen.top(), Edge::Top},
-         {screen.bottom() - centre.y(), Edge::Bottom},
+        {{centre.y() - screen.top() - inCorner, Edge::Top},
+         {screen.bottom() - centre.y() - inCorner, Edge::Bottom},
          {centre.x() - screen.left(), Edge::Left},
          {screen.right() - centre.x(), Edge::Right}}};
     return std::min_element(distances.begin(), distances.end(),

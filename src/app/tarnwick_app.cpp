@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/tarnwick_app.h"
 
+#include "app/network_glyph_icon.h"
 #include "platform/service_addresses.h"
 
 #include <QApplication>
@@ -9,6 +10,8 @@
 #include <QUrl>
 
 namespace tarnwick {
+
+using namespace Qt::StringLiterals;
 
 TarnwickApp::TarnwickApp(const QString& launchSocket, DaemonManagerOptions options)
     : daemon_(DaemonManager::create(std::move(options))), platform_(hostPlatform()),
@@ -27,6 +30,11 @@ TarnwickApp::TarnwickApp(const QString& launchSocket, DaemonManagerOptions optio
 }
 
 TarnwickApp::~TarnwickApp() = default;
+
+std::unique_ptr<MenuBarView> TarnwickApp::makePanel() {
+    QApplication::setWindowIcon(QIcon::fromTheme(u"tarnwick-client"_s, networkGlyphIcon({})));
+    return std::make_unique<MenuBarView>(daemon_, panelCalls());
+}
 
 PanelCalls TarnwickApp::panelCalls() {
     PanelCalls calls;

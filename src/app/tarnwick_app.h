@@ -28,6 +28,7 @@ public:
     const std::shared_ptr<DaemonManager>& daemon() const { return daemon_; }
 
 private:
+    std::unique_ptr<MenuBarView> makePanel();
     PanelCalls panelCalls();
     void showIcon();
     void showOnRequest(const QByteArray& activationToken);
