@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "model/json_slips.h"
+
+namespace tarnwick {
+
+namespace {
+
+constexpr QByteArrayView escapable = "\"\\/bfnrtu";
+constexpr QByteArrayView digits = "0123456789";
+
+// Returns the position of the quote that ends the text which begins behind `quote`, or -1 when
+// something in it is forbidden.
+qsizetype endOfText(QByteArrayView json, qsizetype quote) {
+    for (qsizetype i = quote + 1; i < json.size(); ++i) {
+        const char c = json[i];
+        if (c == '"')
+            return i;
+        if (static_cast<unsigned char>(c) < 0x20)
+            return -1;
+        if (c == '\\' && (++i == json.size() || !escapable.contains(json[i])))
+            return -1;
+    }
+    return -1;
+}
+
+bool isPointBetweenDigits(QByteArrayView json, qsizetype point) {
+    return point > 0 && point + 1 < json.size() && digits.contains(json[point - 1]) &&
+           digits.contains(json[point + 1]);
+}
+
+} // namespace
+
+bool hasForgivenSlips(QByteArrayView json) {
+    for (qsizetype i = 0; i < json.size(); ++i) {
+        if (json[i] == '"') {
+            i = endOfText(json, i);
+            if (i < 0)
+                return true;
+        } else if (json[i] == '.' && !isPointBetweenDigits(json, i)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace tarnwick
