@@ -25,7 +25,7 @@ private:
     bool isValid_ = true;
 };
 
-/// `value` as text whether the key's value is null or absent.
+/// Whether a key is missing or its value is null, which comes to the same.
 inline bool isAbsent(const QJsonValue& value) {
     return value.isNull() || value.isUndefined();
 }

@@ -18,10 +18,10 @@ const auto detailsKey = "tarnwick.profileDetails"_L1;
 // QSettings waits without end, on this the main thread, for another process that holds the
 // settings file's lock. Whether one does can be asked first.
 bool isLockedByAnother(const QSettings& settings) {
-    const QString file = settings.fileName();
-    if (!QFileInfo(file).exists())
-        return false; // a system that keeps settings elsewhere, or nothing to lock yet
-    QLockFile lock(file + u".lock"_s);
+    const QString lockFile = settings.fileName() + u".lock"_s;
+    if (!QFileInfo::exists(lockFile))
+        return false;
+    QLockFile lock(lockFile);
     return !lock.tryLock(0) && lock.error() == QLockFile::LockFailedError;
 }
 

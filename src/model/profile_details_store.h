@@ -31,7 +31,7 @@ public:
 
     /// The stored form, UTF-8 JSON; decoding it fails as a whole on any other shape.
     static QByteArray encode(const ProfileDetailsMap& details);
-    static std::optional<ProfileDetailsMap> decode(const QByteArray& json);
+    static std::optional<ProfileDetailsMap> decode(const QByteArray& data);
 
 private:
     QByteArray storedData() const;
