@@ -10,6 +10,14 @@ namespace tarnwick {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+QString timedOutText() {
+    return u"error: connection timed out"_s;
+}
+
+} // namespace
+
 CommandRunner::CommandRunner(QString cliPath, DaemonPaths paths, Timing timing, StopSignal stop)
     : cliPath_(std::move(cliPath)), paths_(std::move(paths)), timing_(timing),
       stop_(std::move(stop)) {}
@@ -17,6 +25,8 @@ CommandRunner::CommandRunner(QString cliPath, DaemonPaths paths, Timing timing, 
 QString CommandRunner::runCLIWithTimeout(const QStringList& arguments,
                                          Timing::Milliseconds timeout) const {
     reaper_->reap();
+    if (stop_.isRequested()) // a second step of a command whose first was cut short
+        return timedOutText();
     const QString socketFlag = u"--socket="_s + paths_.socketPath();
     auto child = ChildProcess::start({cliPath_, QStringList(socketFlag) + arguments});
     if (!child.isStarted())
@@ -25,8 +35,10 @@ QString CommandRunner::runCLIWithTimeout(const QStringList& arguments,
     // The output stays in the pipe until the tool has ended: one that prints more than the pipe
     // holds is stuck in a loop and is treated as one that hangs.
     QDeadlineTimer deadline(timeout);
-    if (!waitForEnd(child, deadline))
-        return u"error: connection timed out"_s;
+    const bool hasEnded = waitForEnd(child, deadline);
+    reaper_->reap(); // those that took this run's time to end
+    if (!hasEnded)
+        return timedOutText();
     deadline += timing_.pollStep.count();
     return textFromUtf8(child.readOutput(deadline, stop_));
 }
@@ -40,6 +52,8 @@ void CommandRunner::pause(Timing::Milliseconds duration) const {
 }
 
 void CommandRunner::runSilently(const CommandLine& command, Timing::Milliseconds timeout) const {
+    if (stop_.isRequested())
+        return;
     auto child = ChildProcess::start(command, ChildProcess::Output::Discarded);
     waitForEnd(child, QDeadlineTimer(timeout));
 }
@@ -62,7 +76,8 @@ bool hasCommandError(const QString& output) {
 }
 
 QString textFromUtf8(const QByteArray& bytes) {
-    QStringDecoder decode(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    using Flag = QStringDecoder::Flag; // nothing is trimmed, a byte order mark included
+    QStringDecoder decode(QStringDecoder::Utf8, Flag::Stateless | Flag::ConvertInitialBom);
     const QString text = decode(bytes);
     return decode.hasError() ? QString(u""_s) : text;
 }

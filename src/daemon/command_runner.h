@@ -21,7 +21,8 @@ struct CommandLine;
 ///
 /// Blocks its caller for up to the time limit plus one poll step: never call it on the main thread.
 /// A value: copies share only the record of children that outlived their time limit, and may be
-/// used by one thread at a time. Never throws and reports no exit status; failures are texts.
+/// used by one thread at a time. Never throws and reports no exit status; failures are texts. Once
+/// a stop is requested nothing is started any more, and every run reads as timed out.
 class CommandRunner {
 public:
     CommandRunner(QString cliPath, DaemonPaths paths, Timing timing, StopSignal stop);
