@@ -8,14 +8,15 @@ namespace tarnwick {
 using namespace Qt::StringLiterals;
 
 // The frame of every command: `work` runs on the queue with values only, for a worker that held
-// the controller might be the one to destroy it; `handle` gets its result on the main thread.
+// the controller might be the one to destroy it; `handle` gets its result on the main thread. It
+// goes back there even when the controller is gone: what a view's callback holds, only the main
+// thread may destroy.
 void DaemonManager::perform(ToolWork work,
                             std::function<void(DaemonManager&, const QString&)> handle) {
     workQueue_.async([weak = weak_from_this(), runner = runner_, work = std::move(work),
-                      handle = std::move(handle)] {
-        if (weak.expired())
-            return;
-        postToMainQueue([weak, handle, output = work(runner)] {
+                      handle = std::move(handle)]() mutable {
+        const QString output = weak.expired() ? QString() : work(runner);
+        postToMainQueue([weak, handle = std::move(handle), output] {
             if (const auto self = weak.lock())
                 handle(*self, output);
         });

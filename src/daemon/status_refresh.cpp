@@ -22,10 +22,9 @@ void DaemonManager::beginRefresh(bool forceProfiles, Completion completion) {
     const bool readProfiles = refresh_.shouldReadProfiles(forceProfiles, profiles().isEmpty(),
                                                           RefreshBookkeeping::Clock::now);
     workQueue_.async([weak = weak_from_this(), runner = runner_, readProfiles,
-                      completion = std::move(completion)] {
-        if (weak.expired())
-            return;
-        postToMainQueue([weak, result = readStatus(runner, readProfiles), completion] {
+                      completion = std::move(completion)]() mutable {
+        const auto result = weak.expired() ? RefreshResult() : readStatus(runner, readProfiles);
+        postToMainQueue([weak, result, completion = std::move(completion)] {
             if (const auto self = weak.lock())
                 self->finishRefresh(result, completion);
         });
