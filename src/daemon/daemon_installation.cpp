@@ -35,14 +35,15 @@ QString DaemonManager::launchDaemonPlistSource(const Platform& platform, const Q
 void DaemonManager::installAndStartDaemon(std::function<void(bool)> completion) {
     auto work = [weak = weak_from_this(), platform = platform_, tools = tools_, timing = timing_,
                  bundleDir = bundleDir_, paths = paths_, stop = stop_,
-                 completion = std::move(completion)] {
-        if (weak.expired())
-            return;
-        enterUserInitiatedQualityOfService();
-        const QString line =
-            installLine(platform, tools, launchDaemonPlistSource(platform, bundleDir, paths));
-        const auto outcome = runInstallation(platform.authorise(line), timing, stop);
-        postToMainQueue([weak, outcome, completion] {
+                 completion = std::move(completion)]() mutable {
+        InstallOutcome outcome;
+        if (!weak.expired()) {
+            enterUserInitiatedQualityOfService();
+            const QString line =
+                installLine(platform, tools, launchDaemonPlistSource(platform, bundleDir, paths));
+            outcome = runInstallation(platform.authorise(line), timing, stop);
+        }
+        postToMainQueue([weak, outcome, completion = std::move(completion)] {
             if (const auto self = weak.lock()) {
                 self->finishInstallation(outcome);
                 if (completion)

@@ -14,8 +14,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// A prompt holds its thread for as long as it is open; by default there are as many threads as
+// processors, and a forgotten prompt would hold up the next one.
+constexpr int maxOpenPrompts = 64;
+
+// Without fallbacks: what another program or the administrator stores is none of ours.
 std::unique_ptr<QSettings> userSettings(const Platform& platform) {
-    return std::make_unique<QSettings>(platform.settingsOrganization, platform.settingsApplication);
+    auto settings =
+        std::make_unique<QSettings>(platform.settingsOrganization, platform.settingsApplication);
+    settings->setFallbacksEnabled(false);
+    return settings;
 }
 
 } // namespace
@@ -47,6 +55,7 @@ DaemonManager::DaemonManager(DaemonManagerOptions options)
       details_(options.settings ? std::move(options.settings) : userSettings(platform_)),
       refresh_(timing_.profileRefreshInterval), runner_(tools_.cliPath, paths_, timing_, stop_),
       workQueue_(u"com.tarnwick.client.daemon"_s, enterBackgroundQualityOfService) {
+    installPool_.setMaxThreadCount(maxOpenPrompts);
     QObject::connect(&statusTimer_, &QTimer::timeout, &statusTimer_, [this] { refreshStatus(); });
 }
 
