@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "model/code_point_order.h"
+#include "support/printing.h"
 
 #include <QString>
 

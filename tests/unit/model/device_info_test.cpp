@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "model/device_info.h"
 #include "model/peer_info.h"
+#include "support/printing.h"
 
 #include <gtest/gtest.h>
 

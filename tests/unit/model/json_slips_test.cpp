@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "model/json_slips.h"
+#include "support/printing.h"
 
 #include <QJsonDocument>
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "model/network_profile.h"
+#include "support/printing.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "model/profile_details_store.h"
+#include "support/printing.h"
 
 #include <QDateTime>
 #include <QDir>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "model/device_info.h"
 #include "model/status_response.h"
+#include "support/printing.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "model/status_response.h"
+#include "support/printing.h"
 
 #include <gtest/gtest.h>
 

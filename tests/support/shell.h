@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/command_line.h"
+
+#include <QByteArray>
+
+namespace tarnwick::test {
+
+/// The command line that runs `script` with sh.
+CommandLine shell(const char* script);
+
+/// Runs `command` to its end, within a generous limit, and returns what it printed.
+QByteArray outputOf(const CommandLine& command);
+
+/// How many descriptors this process has open.
+qsizetype openDescriptors();
+
+/// How many children this process has, those included that have ended and wait to be reaped.
+int childCount();
+
+/// How many of them have ended and wait to be reaped.
+int zombieCount();
+
+} // namespace tarnwick::test

@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: MIT
+#include "platform/child_process.h"
+#include "platform/child_reaper.h"
+#include "platform/stop_signal.h"
+#include "support/printing.h"
+#include "support/shell.h"
+#include "support/waiting.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+
+namespace tarnwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using test::outputOf;
+using test::shell;
+
+QStringList linesOf(const CommandLine& command) {
+    return QString::fromUtf8(outputOf(command)).split(u'\n');
+}
+
+TEST(ChildProcess, OutputAndErrorsComeInterleavedAsWritten) {
+    EXPECT_EQ(outputOf(shell("echo 1; echo 2 >&2; echo 3; echo 4 >&2")), "1\n2\n3\n4\n");
+}
+
+TEST(ChildProcess, ArgumentsArriveExactlyAsGiven) {
+    const QStringList arguments = {
+        u""_s,
+        u" "_s,
+        u"two words"_s,
+        u"'single' \"double\" `back`"_s,
+        u"line\nand\r\n"_s,
+        u"--flag=-x"_s,
+        u"-"_s,
+        u"--"_s,
+        u"$HOME $(id) ; rm *"_s,
+        u"\\n\\"_s,
+        QString(10000, u'x'),
+        u"\U0001F600 \u00E9\uFF5E"_s,
+    };
+    const CommandLine print{u"/usr/bin/printf"_s, QStringList{u"%s\\037"_s} + arguments};
+    QStringList printed = QString::fromUtf8(outputOf(print)).split(QChar(0x1f));
+    printed.removeLast();
+    EXPECT_EQ(printed, arguments);
+}
+
+TEST(ChildProcess, BrowserIsEchoWhateverItWasAndTheRestOfTheEnvironmentStays) {
+    qputenv("BROWSER", "/usr/bin/some-browser");
+    qputenv("TARNWICK_TEST_ENTRY", "kept = \xC3\xA9");
+    const auto lines = linesOf({u"/usr/bin/env"_s, {}});
+    qunsetenv("TARNWICK_TEST_ENTRY");
+    qunsetenv("BROWSER");
+    EXPECT_EQ(lines.count(u"BROWSER=echo"_s), 1);
+    EXPECT_EQ(lines.filter(u"BROWSER="_s).size(), 1);
+    EXPECT_TRUE(lines.contains(u"TARNWICK_TEST_ENTRY=kept = \u00E9"_s));
+    EXPECT_TRUE(linesOf({u"/usr/bin/env"_s, {}}).contains(u"BROWSER=echo"_s))
+        << "and when it was not set at all";
+}
+
+TEST(ChildProcess, StartFailuresAreReported) {
+    const QTemporaryDir directory;
+    const QString plain = directory.filePath(u"plain"_s);
+    QFile file(plain);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("just text\n");
+    file.close();
+    EXPECT_EQ(ChildProcess::start({u"/nonexistent/tool"_s, {}}).startError(), ENOENT);
+    EXPECT_EQ(ChildProcess::start({plain, {}}).startError(), EACCES);
+    EXPECT_EQ(ChildProcess::start({directory.path(), {}}).startError(), EACCES);
+    ASSERT_TRUE(QFile::setPermissions(plain, QFile::ReadOwner | QFile::ExeOwner));
+    EXPECT_EQ(ChildProcess::start({plain, {}}).startError(), ENOEXEC)
+        << "no shell takes over what the system cannot run";
+}
+
+TEST(ChildProcess, EndedChildTellsWhetherItSucceeded) {
+    const auto succeeded = [](const char* script) {
+        auto child = ChildProcess::start(shell(script));
+        EXPECT_TRUE(child.waitForEnd(QDeadlineTimer(20s), 5ms, StopSignal()));
+        return child.hasSucceeded();
+    };
+    EXPECT_TRUE(succeeded("exit 0"));
+    EXPECT_FALSE(succeeded("exit 3"));
+    EXPECT_FALSE(succeeded("kill -KILL $$"));
+}
+
+TEST(ChildProcess, TextOfAFailingOrSignalledChildIsKept) {
+    EXPECT_EQ(outputOf(shell("echo no; exit 3")), "no\n");
+    EXPECT_EQ(outputOf(shell("echo dying; kill -SEGV $$")), "dying\n");
+}
+
+TEST(ChildProcess, SignalsAreDefaultAndUnblockedThoughTheParentIgnoresAndBlocksThem) {
+    const auto oldPipe = std::signal(SIGPIPE, SIG_IGN);
+    const auto oldHangup = std::signal(SIGHUP, SIG_IGN);
+    sigset_t blocked;
+    sigset_t oldMask;
+    sigemptyset(&blocked);
+    sigaddset(&blocked, SIGTERM);
+    pthread_sigmask(SIG_BLOCK, &blocked, &oldMask);
+    const auto lines = linesOf({u"/bin/cat"_s, {u"/proc/self/status"_s}});
+    pthread_sigmask(SIG_SETMASK, &oldMask, nullptr);
+    std::signal(SIGPIPE, oldPipe);
+    std::signal(SIGHUP, oldHangup);
+    const auto signalSet = [&](const QString& name) {
+        return lines.filter(name).value(0).mid(name.size()).trimmed().toULongLong(nullptr, 16);
+    };
+    constexpr quint64 keptByTheLibrary = 3ULL << 31; // signals 32 and 33
+    EXPECT_EQ(signalSet(u"SigBlk:"_s), 0U);
+    EXPECT_EQ(signalSet(u"SigIgn:"_s) & ~keptByTheLibrary, 0U);
+    EXPECT_FALSE(lines.filter(u"SigIgn:"_s).isEmpty());
+}
+
+TEST(ChildProcess, TerminateIsAPoliteSignal) {
+    auto child = ChildProcess::start(shell("trap 'echo asked; exit' TERM; echo ready; "
+                                           "while :; do sleep 0.01; done"));
+    ASSERT_TRUE(child.isRunning());
+    QByteArray output;
+    ASSERT_TRUE(test::waitUntil([&] {
+        output += child.readOutput(QDeadlineTimer(1ms), StopSignal());
+        return output.contains("ready");
+    }));
+    child.terminate();
+    ASSERT_TRUE(child.waitForEnd(QDeadlineTimer(20s), 5ms, StopSignal()));
+    EXPECT_EQ(output + child.readOutput(QDeadlineTimer(20s), StopSignal()), "ready\nasked\n");
+}
+
+TEST(ChildProcess, ReadingEndsAtTheDeadlineThoughAGrandchildHoldsThePipe) {
+    auto child = ChildProcess::start(shell("echo text; sleep 300 & echo $!; exit 0"));
+    ASSERT_TRUE(child.waitForEnd(QDeadlineTimer(20s), 5ms, StopSignal()));
+    const auto lines = child.readOutput(QDeadlineTimer(50ms), StopSignal()).split('\n');
+    ASSERT_EQ(lines.size(), 3);
+    EXPECT_EQ(lines[0], "text");
+    ASSERT_EQ(kill(lines[1].toInt(), SIGKILL), 0) << "it was still there";
+}
+
+TEST(ChildProcess, StopEndsWaitingAndReadingAtOnce) {
+    const StopSignal stop;
+    auto child = ChildProcess::start(shell("exec sleep 300"));
+    stop.request();
+    EXPECT_FALSE(child.waitForEnd(QDeadlineTimer::Forever, 1h, stop));
+    EXPECT_EQ(child.readOutput(QDeadlineTimer::Forever, stop), "");
+    child.terminate();
+    EXPECT_TRUE(child.waitForEnd(QDeadlineTimer(20s), 5ms, StopSignal()));
+}
+
+TEST(ChildProcess, MovedFromOwnsNothing) {
+    auto first = ChildProcess::start(shell("echo x"));
+    auto second = std::move(first);
+    EXPECT_FALSE(first.isRunning()); // NOLINT(bugprone-use-after-move): that is what is tested
+    EXPECT_TRUE(second.waitForEnd(QDeadlineTimer(20s), 5ms, StopSignal()));
+    EXPECT_EQ(second.readOutput(QDeadlineTimer(20s), StopSignal()), "x\n");
+    EXPECT_FALSE(second.release()) << "it has been reaped already";
+}
+
+TEST(ChildReaper, CollectsThoseThatHaveEndedAndKeepsTheRest) {
+    auto ended = ChildProcess::start(shell("exit 0"));
+    auto running = ChildProcess::start(shell("exec sleep 300"));
+    ChildReaper reaper;
+    reaper.adopt(*ended.release());
+    const pid_t sleeper = *running.release();
+    reaper.adopt(sleeper);
+    EXPECT_TRUE(test::waitUntil([&] {
+        reaper.reap();
+        return reaper.count() == 1;
+    }));
+    kill(sleeper, SIGKILL);
+    EXPECT_TRUE(test::waitUntil([&] {
+        reaper.reap();
+        return reaper.count() == 0;
+    }));
+    EXPECT_EQ(kill(sleeper, 0), -1) << "no zombie is left";
+}
+
+} // namespace
+
+} // namespace tarnwick
