@@ -111,12 +111,13 @@ Reply Simulator::setFaults(const QStringList& specs) {
 
 Reply Simulator::describe(Moment now) const {
     QJsonArray profiles;
-    for (const Profile& profile : engine_.state().profiles)
+    for (const Profile& profile : engine_.state().profiles) {
         profiles.append(QJsonObject{{u"id"_s, profile.id},
                                     {u"network"_s, profile.network},
                                     {u"account"_s, profile.account},
                                     {u"hostName"_s, profile.hostName},
                                     {u"controlURL"_s, profile.controlUrl}});
+    }
     const QJsonObject object{{u"backendState"_s, toString(engine_.backendState(now))},
                              {u"current"_s, engine_.state().currentId},
                              {u"profiles"_s, profiles},

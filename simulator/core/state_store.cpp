@@ -61,12 +61,12 @@ DaemonState StateStore::load() const {
         return state;
     }
     const QJsonObject object = document.object();
-    for (const QJsonValue& value : object.value("profiles"_L1).toArray()) {
+    for (const QJsonValue value : object.value("profiles"_L1).toArray()) {
         const Profile profile = readProfile(value.toObject());
         if (!profile.id.isEmpty() && state.profile(profile.id) == nullptr)
             state.profiles.append(profile);
     }
-    for (const QJsonValue& value : object.value("usedKeys"_L1).toArray())
+    for (const QJsonValue value : object.value("usedKeys"_L1).toArray())
         state.usedKeys.append(value.toString());
     state.currentId = object.value("current"_L1).toString();
     state.wantRunning = object.value("wantRunning"_L1).toBool();

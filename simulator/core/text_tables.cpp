@@ -64,7 +64,7 @@ QString statusTable(const QJsonObject& status) {
         return u"Tarnwick is stopped.\n"_s;
     const QJsonObject users = status.value("User"_L1).toObject();
     QList<QStringList> rows;
-    for (const QJsonValue& value : status.value("Peer"_L1).toObject())
+    for (const QJsonValue value : status.value("Peer"_L1).toObject())
         rows.append(deviceRow(value.toObject(), users, deviceState(value.toObject())));
     std::ranges::sort(rows, {}, [](const QStringList& row) { return row.at(1); });
     rows.prepend(deviceRow(status.value("Self"_L1).toObject(), users, u"-"_s));

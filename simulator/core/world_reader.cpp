@@ -16,7 +16,7 @@ namespace {
 
 QStringList texts(const QJsonValue& list) {
     QStringList result;
-    for (const QJsonValue& value : list.toArray())
+    for (const QJsonValue value : list.toArray())
         result.append(value.toString());
     return result;
 }

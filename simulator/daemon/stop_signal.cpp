@@ -33,7 +33,8 @@ StopSignal::StopSignal() {
 }
 
 StopSignal::~StopSignal() {
-    pthread_kill(waiter_.native_handle(), SIGTERM);
+    // Blocked in every thread, so it can only wake the waiter, or stay pending if that has ended.
+    kill(getpid(), SIGTERM);
     waiter_.join();
 }
 
