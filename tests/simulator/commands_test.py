@@ -9,8 +9,9 @@ from simulated_daemon import SERVER, SimulatedDaemon, quick_world
 
 class CommandsTest(unittest.TestCase):
     def setUp(self):
-        self.daemon = SimulatedDaemon(world=quick_world()).start()
-        self.addCleanup(self.daemon.__exit__, None, None, None)
+        self.daemon = SimulatedDaemon(world=quick_world())
+        self.addCleanup(self.daemon.close)
+        self.daemon.start()
 
     def listed(self):
         lines = self.daemon.tool("switch", "--list").stdout.decode().splitlines()

@@ -11,8 +11,9 @@ from simulated_daemon import TIME_LIMIT, SimulatedDaemon, quick_world
 
 class FaultsTest(unittest.TestCase):
     def setUp(self):
-        self.daemon = SimulatedDaemon(world=quick_world()).start()
-        self.addCleanup(self.daemon.__exit__, None, None, None)
+        self.daemon = SimulatedDaemon(world=quick_world())
+        self.addCleanup(self.daemon.close)
+        self.daemon.start()
         self.daemon.log_in("twkey-harbor-good")
 
     def spawn(self, *arguments):

@@ -11,16 +11,15 @@ from simulated_daemon import TIME_LIMIT, SimulatedDaemon, quick_world
 
 class HostileTest(unittest.TestCase):
     def setUp(self):
-        self.daemon = SimulatedDaemon(world=quick_world()).start()
+        self.daemon = SimulatedDaemon(world=quick_world())
+        self.addCleanup(self.daemon.close)
+        self.daemon.start()
         self.addCleanup(self.check_and_stop)
         self.daemon.log_in("twkey-harbor-good")
 
     def check_and_stop(self):
-        try:
-            self.assertEqual(self.daemon.status()["BackendState"], "Running")
-            self.assertEqual(self.daemon.stop(), 0)
-        finally:
-            self.daemon.__exit__()
+        self.assertEqual(self.daemon.status()["BackendState"], "Running")
+        self.assertEqual(self.daemon.stop(), 0)
 
     def connect(self):
         connection = socket.socket(socket.AF_UNIX)

@@ -14,7 +14,7 @@ from simulated_daemon import TIME_LIMIT, SimulatedDaemon, quick_world
 class LifetimeTest(unittest.TestCase):
     def make(self, **options):
         daemon = SimulatedDaemon(**{"world": quick_world(), **options})
-        self.addCleanup(daemon.__exit__, None, None, None)
+        self.addCleanup(daemon.close)
         return daemon
 
     def refusal(self, daemon):

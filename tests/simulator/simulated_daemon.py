@@ -57,9 +57,17 @@ class SimulatedDaemon:
             self.world_file.write_text(json.dumps(world), encoding="utf-8")
 
     def __enter__(self):
-        return self.start()
+        try:
+            return self.start()
+        except BaseException:
+            self.close()
+            raise
 
     def __exit__(self, *_):
+        self.close()
+
+    def close(self):
+        """Ends the daemon, if it runs, and removes the directory."""
         self.stop()
         if self._owns_directory:
             shutil.rmtree(self.directory, ignore_errors=True)
