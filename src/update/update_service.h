@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/platform.h"
+#include "update/update_check_result.h"
+#include "update/update_service_options.h"
+
+#include <QStringView>
+#include <QUrl>
+
+#include <functional>
+#include <memory>
+
+class QNetworkAccessManager;
+
+namespace tarnwick {
+
+/// Finds out whether a newer version of the client has been published. Main thread.
+class UpdateService {
+public:
+    using Completion = std::function<void(const UpdateCheckResult&)>;
+
+    explicit UpdateService(UpdateServiceOptions options);
+    ~UpdateService(); ///< Ends the checks that still run; their completions are never called.
+    UpdateService(const UpdateService&) = delete;
+    UpdateService& operator=(const UpdateService&) = delete;
+
+    /// Fetches the manifest and calls `completion` once, in a later turn of the event loop. Any
+    /// number of checks may run at once. Every failure is a result; nothing is retried.
+    void check(Completion completion);
+
+    /// The version of the client whose executables are in `bundleDir`, "0.0.0" when it has none.
+    static QString installedVersion(const Platform& platform, const QString& bundleDir);
+
+    static QUrl manifestURL();
+    static QUrl downloadPageURL();
+
+    /// -1 when version `a` is older than `b`, 1 when it is newer, 0 when they are equal.
+    ///
+    /// Goes by the components between the dots, empty ones left out: as numbers where both are
+    /// numbers of 64 bits, else as texts, decided for each position by itself.
+    static int compareVersions(QStringView a, QStringView b);
+
+private:
+    QNetworkAccessManager& network();
+
+    UpdateServiceOptions options_;
+    std::unique_ptr<QNetworkAccessManager> network_; ///< Made by the first check: it loads TLS.
+};
+
+} // namespace tarnwick
