@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+#include "daemon/daemon_manager.h"
+#include "support/controller_world.h"
+#include "support/printing.h"
+#include "support/waiting.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+// What a log-in does about a daemon that does not answer.
+
+namespace tarnwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using test::ControllerWorld;
+using test::waitUntil;
+
+const CommandLine arguments = {{}, {u"start"_s, u"the job"_s}};
+
+class EnsureDaemonRunning : public testing::Test {
+protected:
+    EnsureDaemonRunning() {
+        // The stub drops its first argument as the tool's socket flag, but records it.
+        world_.platform.nudgeDaemon = {nudge_.path(), arguments.arguments};
+        world_.timing.daemonStartPause = pause;
+    }
+
+    /// Logs in, and returns how long that took.
+    std::chrono::milliseconds logIn() {
+        const auto manager = world_.createRefreshed();
+        const auto loginsBefore = loginCount();
+        bool isDone = false;
+        QElapsedTimer time;
+        time.start();
+        manager->connectWithAuthKey(u"K"_s, u""_s, [&] { isDone = true; });
+        EXPECT_TRUE(waitUntil([&] { return isDone; }));
+        EXPECT_EQ(loginCount() - loginsBefore, 1);
+        return std::chrono::milliseconds(time.elapsed());
+    }
+
+    int loginCount() const {
+        int count = 0;
+        for (const QStringList& command : world_.tool.commands())
+            count += command.first() == u"login"_s ? 1 : 0;
+        return count;
+    }
+
+    static constexpr auto pause = 150ms;
+    ControllerWorld world_;
+    test::StubTool nudge_;
+};
+
+const auto runningNamed = [](const char* hostName) {
+    return QByteArray(R"({"BackendState":"Running","Peer":{"k":{"HostName":")") + hostName +
+           "\"}}}";
+};
+
+TEST_F(EnsureDaemonRunning, ErrorLettersInAPeersNameCountAsNotAnswering) {
+    for (const char* name : {"mirrors", "terrorBYTE", "ERROR"}) {
+        world_.answer("status", runningNamed(name));
+        const bool holdsTheWord = QByteArray(name).toLower().contains("error");
+        const auto before = nudge_.calls().size();
+        const auto took = logIn();
+        EXPECT_EQ(nudge_.calls().size() - before, holdsTheWord ? 1 : 0) << name;
+        if (holdsTheWord)
+            EXPECT_GE(took, pause) << name;
+    }
+}
+
+TEST_F(EnsureDaemonRunning, TimedOutProbeStartsTheDaemonAndPausesBeforeTheLogin) {
+    world_.answer("status", "error: connection timed out");
+    EXPECT_GE(logIn(), pause);
+    EXPECT_EQ(nudge_.calls(), QList<QStringList>({arguments.arguments}));
+}
+
+TEST_F(EnsureDaemonRunning, DaemonThatAnswersIsLeftAlone) {
+    logIn();
+    EXPECT_TRUE(nudge_.calls().isEmpty());
+}
+
+TEST_F(EnsureDaemonRunning, ProbeThatPrintsNothingStartsTheDaemon) {
+    world_.answer("status", "");
+    EXPECT_GE(logIn(), pause);
+    EXPECT_EQ(nudge_.calls().size(), 1);
+}
+
+TEST_F(EnsureDaemonRunning, NudgeRunsAfterTheProbeAndBeforeTheLogin) {
+    world_.answer("status", "");
+    nudge_.setScript("cp '" + world_.tool.directory().toUtf8() + "/calls' \"$here/seen\"");
+    logIn();
+    QFile seen(nudge_.directory() + u"/seen"_s);
+    ASSERT_TRUE(seen.open(QIODevice::ReadOnly));
+    const QByteArray calls = seen.readAll();
+    EXPECT_EQ(calls.count("status"), 2) << "the first refresh's and the probe's";
+    EXPECT_EQ(calls.count("login"), 0);
+}
+
+TEST_F(EnsureDaemonRunning, MissingNudgeIsIgnoredButThePauseTaken) {
+    world_.answer("status", "");
+    world_.platform.nudgeDaemon.program = u"/nonexistent/launchctl"_s;
+    EXPECT_GE(logIn(), pause);
+}
+
+TEST_F(EnsureDaemonRunning, NudgeThatHangsIsGivenUp) {
+    world_.answer("status", "");
+    world_.timing.loginTimeout = 300ms;
+    nudge_.setScript("while [ -d \"$here\" ]; do sleep 0.05; done");
+    EXPECT_GE(logIn(), 300ms + pause);
+}
+
+TEST_F(EnsureDaemonRunning, WhatTheNudgePrintsIsNeverShown) {
+    world_.answer("status", "no daemon");
+    nudge_.setScript("echo error: no such job; echo error >&2; exit 3");
+    const auto manager = world_.createRefreshed();
+    bool isDone = false;
+    manager->connectWithAuthKey(u"K"_s, u""_s, [&] { isDone = true; });
+    ASSERT_TRUE(waitUntil([&] { return isDone; }));
+    EXPECT_EQ(manager->errorMessage(), std::nullopt);
+}
+
+} // namespace
+
+} // namespace tarnwick
