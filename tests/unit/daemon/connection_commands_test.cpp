@@ -196,10 +196,15 @@ TEST_F(ConnectionCommands, FailedRemovalShowsItsOutputAndTouchesNothing) {
     EXPECT_EQ(world_.tool.commands().size(), first + 1) << "no refresh follows";
 }
 
-class StrangeText : public ConnectionCommands, public testing::WithParamInterface<QString> {};
+struct Strange {
+    const char* name;
+    QString text;
+};
+
+class StrangeText : public ConnectionCommands, public testing::WithParamInterface<Strange> {};
 
 TEST_P(StrangeText, IsPassedAsOneArgumentExactly) {
-    const QString text = GetParam();
+    const QString text = GetParam().text;
     EXPECT_EQ(loginCommands(text, u""_s).value(1),
               loginArguments(serviceAddresses().prodLoginServer, text, u""_s));
     EXPECT_EQ(commandsOf([&](DaemonManager& manager) { manager.switchProfile(text); }).value(0),
@@ -209,12 +214,19 @@ TEST_P(StrangeText, IsPassedAsOneArgumentExactly) {
         (QStringList{u"debug"_s, u"localapi"_s, u"DELETE"_s, u"/localapi/v0/profiles/"_s + text}));
 }
 
-INSTANTIATE_TEST_SUITE_P(All, StrangeText,
-                         testing::Values(u""_s, u" two  words "_s, u"'single'"_s, u"\"double\""_s,
-                                         u"line\nline\r\n"_s, u"--authkey"_s, u"-"_s, u"--"_s,
-                                         u"$(id) `id` ${HOME} ; & | > * ? ~"_s, u"\\n\\\\"_s,
-                                         u"\U0001F600\uFF5E\u00E9"_s, u"\x01\x1b[31m\x7f"_s,
-                                         QString(10000, u'x')));
+INSTANTIATE_TEST_SUITE_P(
+    All, StrangeText,
+    testing::Values(Strange{"Empty", u""_s}, Strange{"Blanks", u" two  words "_s},
+                    Strange{"SingleQuotes", u"'single'"_s},
+                    Strange{"DoubleQuotes", u"\"double\""_s},
+                    Strange{"Newlines", u"line\nline\r\n"_s},
+                    Strange{"LeadingDashes", u"--authkey"_s}, Strange{"TwoDashes", u"--"_s},
+                    Strange{"ShellSyntax", u"$(id) `id` ${HOME} ; & | > * ? ~"_s},
+                    Strange{"Backslashes", u"\\n\\\\"_s},
+                    Strange{"Emoji", u"\U0001F600\uFF5E\u00E9"_s},
+                    Strange{"ControlCharacters", u"\x01\x1b[31m\x7f"_s},
+                    Strange{"TenThousandCharacters", QString(10000, u'x')}),
+    [](const auto& strange) { return std::string(strange.param.name); });
 
 TEST_F(ConnectionCommands, LimitsAreThoseOfTheProbeTheLoginAndTheRest) {
     // Each step hangs in turn; were its limit another one's, the test would run into its own.
