@@ -21,3 +21,5 @@ set(QT_HOST_PATH /usr)
 set(OPENGL_INCLUDE_DIR ${CMAKE_CURRENT_LIST_DIR})
 set(OPENGL_gl_LIBRARY OpenGL)
 set(CMAKE_DISABLE_FIND_PACKAGE_WrapVulkanHeaders ON)
+# Its tool that copies Qt into a bundle exists on a Mac alone.
+set(TARNWICK_DEPLOY_QT OFF CACHE BOOL "")
