@@ -40,6 +40,7 @@ QByteArray renderIcns(QSvgRenderer& drawing) {
         const char* type;
         int size;
     };
+
     // The "@2x" entries repeat the size that they are twice of.
     constexpr Entry entries[] = {{"icp4", 16},  {"icp5", 32},  {"ic11", 32},  {"ic12", 64},
                                  {"ic07", 128}, {"ic08", 256}, {"ic13", 256}, {"ic09", 512},
