@@ -2,11 +2,18 @@
 #pragma once
 
 #include "daemon/daemon_manager.h"
+#include "ui/overlay_scroll_area.h"
 #include "ui/panel_calls.h"
+#include "ui/panel_column.h"
+#include "ui/panel_content.h"
+#include "ui/panel_surface.h"
 
+#include <QPointer>
+#include <QTimer>
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 
 namespace tarnwick {
 
@@ -30,7 +37,8 @@ public:
     /// Contents beyond this height scroll. Set it to that of the work area before opening.
     void setMaximumPanelHeight(int height);
 
-    /// Shows the panel with its corner there, and activates it.
+    /// Shows the panel with its corner there, and activates it. While open it grows and shrinks at
+    /// its bottom, or at its top where it was opened at the bottom of the screen.
     void openAt(const QPoint& topLeft);
 
     /// Shows the panel as an ordinary window with a title bar, for where there is no icon to hang
@@ -39,6 +47,8 @@ public:
 
     /// How often the contents were rendered so far.
     int renderCount() const { return renderCount_; }
+
+    void setVisible(bool visible) override;
 
 Q_SIGNALS:
     /// The panel was hidden, for whatever reason.
@@ -50,14 +60,35 @@ Q_SIGNALS:
 protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     void openAs(Qt::WindowFlags flags, const QPoint& topLeft);
+    bool isOrdinaryWindow() const;
+    void scheduleRender();
+    void renderScheduled();
+    void render();
+    void fitHeight();
+    void scheduleActivationReview();
+    void reviewActivation();
+    bool ownsWindow(const QWidget* window) const;
+    bool closeInnermostPopover();
 
     std::shared_ptr<DaemonManager> daemon_;
     PanelCalls calls_;
+    PanelSurface surface_;
+    OverlayScrollArea* scrollArea_;
+    PanelColumn* column_;
+    std::optional<PanelContent> shown_;
+    QTimer activationReview_;
+    QPointer<const QWidget> lastActive_; // of the panel and its popovers
+    int maximumPanelHeight_ = QWIDGETSIZE_MAX;
     int renderCount_ = 0;
+    bool isRenderScheduled_ = false;
+    bool growsUpwards_ = false;
 };
 
 } // namespace tarnwick

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/elided_label.h"
+#include "ui/panel_content.h"
+#include "ui/row_button.h"
+
+namespace tarnwick {
+
+/// Picks a profile: a mark that says whether it is the selected one, and two lines of text.
+class PickButton : public RowButton {
+    Q_OBJECT
+
+public:
+    explicit PickButton(QWidget* parent);
+
+    void setProfile(const PanelContent::Profile& profile);
+
+    /// Room at the end of the row that belongs to another control.
+    void setReservedWidth(int width);
+
+    const QString& markSymbol() const { return markSymbol_; }
+
+    ThemeColor markColor() const { return markColor_; }
+
+    const ElidedLabel& title() const { return *title_; }
+
+    const ElidedLabel& subtitle() const { return *subtitle_; }
+
+protected:
+    void paintRow(QPainter& painter) override;
+    void resizeEvent(QResizeEvent* event) override;
+    QString tooltipText() const override;
+
+private:
+    void placeTexts();
+
+    QString markSymbol_;
+    ThemeColor markColor_ = ThemeColor::Secondary;
+    ElidedLabel* title_;
+    ElidedLabel* subtitle_;
+    int reservedWidth_ = 0;
+};
+
+} // namespace tarnwick

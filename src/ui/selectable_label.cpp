@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include "ui/selectable_label.h"
+
+#include "ui/display_text.h"
+#include "ui/keyboard_focus.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QKeyEvent>
+
+namespace tarnwick {
+
+SelectableLabel::SelectableLabel(const TextLook& look, QWidget* parent)
+    : StyledLabel(look, ThemeColor::Label, parent) {
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    setCursor(Qt::IBeamCursor);
+}
+
+QSize SelectableLabel::sizeHint() const {
+    const QFontMetrics metrics(font());
+    return {metrics.horizontalAdvance(line_) + 1, metrics.height()}; // 1 for the text cursor
+}
+
+QSize SelectableLabel::minimumSizeHint() const {
+    return {0, QFontMetrics(font()).height()};
+}
+
+void SelectableLabel::showContent() {
+    line_ = singleLineText(content());
+    setAccessibleName(line_);
+    elide();
+}
+
+bool SelectableLabel::isCut() const {
+    return text() != content();
+}
+
+void SelectableLabel::elide() {
+    const QFontMetrics metrics(font());
+    const QString shown = metrics.horizontalAdvance(line_) <= width()
+                              ? line_
+                              : metrics.elidedText(line_, Qt::ElideMiddle, width());
+    if (shown != text()) // setting it again would drop a selection
+        setText(shown);
+}
+
+void SelectableLabel::resizeEvent(QResizeEvent* event) {
+    StyledLabel::resizeEvent(event);
+    elide();
+}
+
+void SelectableLabel::keyPressEvent(QKeyEvent* event) {
+    const bool leavesLine = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+    if (event->matches(QKeySequence::Copy) && hasSelectedText())
+        copySelection();
+    else if (leavesLine || event->key() == Qt::Key_Escape)
+        event->ignore(); // the panel's: to move on, or to close
+    else
+        StyledLabel::keyPressEvent(event);
+}
+
+void SelectableLabel::copySelection() const {
+    const bool isAll = selectedText() == text();
+    QGuiApplication::clipboard()->setText(isAll ? content() : selectedText());
+}
+
+void SelectableLabel::focusInEvent(QFocusEvent* event) {
+    StyledLabel::focusInEvent(event);
+    // As in a text field: what the keyboard arrives at is selected, which shows the focus too.
+    if (isKeyboardReason(event->reason()) && !hasSelectedText())
+        setSelection(0, int(text().size()));
+}
+
+void SelectableLabel::focusOutEvent(QFocusEvent* event) {
+    StyledLabel::focusOutEvent(event);
+    if (isKeyboardReason(event->reason()))
+        setSelection(0, 0);
+}
+
+} // namespace tarnwick
