@@ -59,8 +59,10 @@ bool hasCompositor(void* connection) {
 } // namespace
 
 bool isScreenComposited() {
+    // Other platforms may implement the interface too, without a connection.
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 == nullptr || hasCompositor(x11->connection());
+    void* connection = x11 != nullptr ? x11->connection() : nullptr;
+    return connection == nullptr || hasCompositor(connection);
 }
 
 } // namespace tarnwick
