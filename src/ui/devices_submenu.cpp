@@ -3,8 +3,8 @@
 
 #include "ui/device_row.h"
 #include "ui/row_geometry.h"
+#include "ui/row_painting.h"
 
-#include <QFontMetrics>
 #include <QPainter>
 
 #include <algorithm>
@@ -41,7 +41,7 @@ QSize DevicesSubmenu::sizeHint() const {
 
 void DevicesSubmenu::placeCount() {
     const QRect texts = grid.textRectBeforeChevron(rect());
-    const int titleWidth = QFontMetrics(grid.look.font()).horizontalAdvance(content_.title);
+    const int titleWidth = textAdvance(grid.look.font(), content_.title);
     const int left = texts.left() + titleWidth + RowGeometry::gap;
     const int width = std::min(count_->sizeHint().width(), texts.right() + 1 - left);
     const int height = count_->sizeHint().height();
@@ -55,7 +55,7 @@ void DevicesSubmenu::resizeEvent(QResizeEvent* event) {
 
 void DevicesSubmenu::paintRow(QPainter& painter) {
     grid.paintSymbolAndTitle(painter, *this, u"desktopcomputer"_s, content_.title,
-                                 grid.textRectBeforeChevron(rect()));
+                             grid.textRectBeforeChevron(rect()));
     grid.paintChevron(painter, *this);
 }
 

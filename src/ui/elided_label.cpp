@@ -19,8 +19,7 @@ void ElidedLabel::setElideMode(Qt::TextElideMode mode) {
 }
 
 QSize ElidedLabel::sizeHint() const {
-    const QFontMetrics metrics(font());
-    return {metrics.horizontalAdvance(text()), metrics.height()};
+    return {textAdvance(font(), text()), QFontMetrics(font()).height()};
 }
 
 QSize ElidedLabel::minimumSizeHint() const {
@@ -35,7 +34,7 @@ void ElidedLabel::showContent() {
 
 bool ElidedLabel::isCut() const {
     return text() != singleLineText(content()) || text().size() < content().size() ||
-           QFontMetrics(font()).horizontalAdvance(text()) > width();
+           textAdvance(font(), text()) > width();
 }
 
 void ElidedLabel::paintEvent(QPaintEvent*) {

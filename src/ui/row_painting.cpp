@@ -33,9 +33,13 @@ int lineHeight(const TextLook& look) {
     return QFontMetrics(look.font()).height();
 }
 
+int textAdvance(const QFont& font, const QString& text) {
+    return qCeil(QFontMetricsF(font).horizontalAdvance(text));
+}
+
 void paintLine(QPainter& painter, const QRect& rect, const QString& text, Qt::TextElideMode mode,
                Qt::LayoutDirection layoutDirection) {
-    const QString shown = painter.fontMetrics().elidedText(text, mode, rect.width());
+    const QString shown = QFontMetricsF(painter.font()).elidedText(text, mode, rect.width() + 0.5);
     const Qt::Alignment leading = QStyle::visualAlignment(layoutDirection, Qt::AlignLeft);
     painter.setLayoutDirection(Qt::LayoutDirectionAuto);
     painter.drawText(rect, int(leading | Qt::AlignAbsolute | Qt::AlignVCenter) | Qt::TextSingleLine,

@@ -23,6 +23,9 @@ int symbolColumnWidth();
 /// Height of one line of text in that look.
 int lineHeight(const TextLook& look);
 
+/// Width that the line takes: rounded up, for one a fraction too narrow would elide it.
+int textAdvance(const QFont& font, const QString& text);
+
 /// Paints one line at the leading edge, vertically in the middle, elided where it does not fit.
 /// Its own direction follows its letters, so a name reads right in any layout.
 void paintLine(QPainter& painter, const QRect& rect, const QString& text, Qt::TextElideMode mode,

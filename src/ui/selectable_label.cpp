@@ -3,6 +3,7 @@
 
 #include "ui/display_text.h"
 #include "ui/keyboard_focus.h"
+#include "ui/row_painting.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -18,8 +19,7 @@ SelectableLabel::SelectableLabel(const TextLook& look, QWidget* parent)
 }
 
 QSize SelectableLabel::sizeHint() const {
-    const QFontMetrics metrics(font());
-    return {metrics.horizontalAdvance(line_) + 1, metrics.height()}; // 1 for the text cursor
+    return {textAdvance(font(), line_) + 1, QFontMetrics(font()).height()}; // 1 for the text cursor
 }
 
 QSize SelectableLabel::minimumSizeHint() const {
@@ -37,10 +37,9 @@ bool SelectableLabel::isCut() const {
 }
 
 void SelectableLabel::elide() {
-    const QFontMetrics metrics(font());
-    const QString shown = metrics.horizontalAdvance(line_) <= width()
+    const QString shown = textAdvance(font(), line_) <= width()
                               ? line_
-                              : metrics.elidedText(line_, Qt::ElideMiddle, width());
+                              : QFontMetrics(font()).elidedText(line_, Qt::ElideMiddle, width());
     if (shown != text()) // setting it again would drop a selection
         setText(shown);
 }
