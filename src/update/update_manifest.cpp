@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "update/update_manifest.h"
 
+#include "model/json_slips.h"
+
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QJsonValue>
@@ -12,6 +14,8 @@ using namespace Qt::StringLiterals;
 std::variant<UpdateManifest, QString> parseUpdateManifest(const QByteArray& body) {
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(body, &error);
+    if (error.error == QJsonParseError::NoError && hasForgivenSlips(body))
+        error.error = QJsonParseError::IllegalValue;
     if (error.error != QJsonParseError::NoError)
         return error.errorString();
     const QJsonValue current = document.object().value("current"_L1);

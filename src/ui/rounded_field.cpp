@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#include "ui/rounded_field.h"
+
+#include "ui/colors.h"
+#include "ui/text_style.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QPainter>
+
+namespace tarnwick {
+
+namespace {
+
+constexpr TextLook look{TextStyle::Body};
+constexpr double radius = 5;
+constexpr int verticalPadding = 3;
+constexpr int horizontalPadding = 4;
+
+} // namespace
+
+RoundedField::RoundedField(QWidget* parent) : QLineEdit(parent) {
+    setFont(look.font());
+    setFrame(false);
+    setTextMargins(horizontalPadding, verticalPadding, horizontalPadding, verticalPadding);
+    QPalette transparent;
+    transparent.setColor(QPalette::Base, Qt::transparent); // the style would paint its corners
+    setPalette(transparent);
+}
+
+void RoundedField::paintEvent(QPaintEvent* event) {
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const double line = hasFocus() ? 2 : 1;
+        const QRectF frame = QRectF(rect()).adjusted(line / 2, line / 2, -line / 2, -line / 2);
+        painter.setPen(QPen(hasFocus() ? focusColor(palette()) : borderColor(palette()), line));
+        painter.setBrush(QApplication::palette(this).color(QPalette::Base));
+        painter.drawRoundedRect(frame, radius, radius);
+    }
+    QLineEdit::paintEvent(event);
+}
+
+void RoundedField::changeEvent(QEvent* event) {
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::ApplicationFontChange)
+        setFont(look.font());
+}
+
+} // namespace tarnwick

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QLineEdit>
+
+namespace tarnwick {
+
+/// A line of text to fill in, with a rounded border that is seen in dark palettes too.
+class RoundedField : public QLineEdit {
+    Q_OBJECT
+
+public:
+    explicit RoundedField(QWidget* parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
+};
+
+} // namespace tarnwick
