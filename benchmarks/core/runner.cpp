@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+// One run of a tool that does nothing, against the least that the system needs for it. Both look
+// for the child's end without a pause in between, so that they differ by their own work alone; the
+// time counted is CPU time, the child's included.
+#include "daemon/command_runner.h"
+#include "support/cpu_time.h"
+
+#include <benchmark/benchmark.h>
+
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using tarnwick::bench::cpuSecondsWithChildren;
+
+namespace {
+
+constexpr auto tool = "/bin/true";
+
+void runTool(benchmark::State& state) {
+    tarnwick::Timing timing;
+    timing.pollStep = std::chrono::milliseconds(0);
+    const tarnwick::DaemonPaths paths{QStringLiteral("/tmp"), QStringLiteral("/tmp")};
+    const tarnwick::CommandRunner runner(QLatin1StringView(tool), paths, timing, {});
+    for (auto _ : state) {
+        const double before = cpuSecondsWithChildren();
+        auto output = runner.runCLI({QStringLiteral("status"), QStringLiteral("--json")});
+        benchmark::DoNotOptimize(output);
+        state.SetIterationTime(cpuSecondsWithChildren() - before);
+    }
+}
+
+pid_t spawnBare() {
+    char name[] = "/bin/true";
+    char* const arguments[] = {name, nullptr};
+    pid_t pid = -1;
+    posix_spawn(&pid, tool, nullptr, nullptr, arguments, environ);
+    return pid;
+}
+
+void spawnAndLook(benchmark::State& state) {
+    for (auto _ : state) {
+        const double before = cpuSecondsWithChildren();
+        const pid_t pid = spawnBare();
+        while (waitpid(pid, nullptr, WNOHANG) == 0) {
+        }
+        state.SetIterationTime(cpuSecondsWithChildren() - before);
+    }
+}
+
+// Without even looking: what a run costs on a machine where nobody polls.
+void spawnAndSleep(benchmark::State& state) {
+    for (auto _ : state) {
+        const double before = cpuSecondsWithChildren();
+        waitpid(spawnBare(), nullptr, 0);
+        state.SetIterationTime(cpuSecondsWithChildren() - before);
+    }
+}
+
+BENCHMARK(runTool)->UseManualTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK(spawnAndLook)->UseManualTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK(spawnAndSleep)->UseManualTime()->Unit(benchmark::kMicrosecond);
+
+} // namespace

@@ -1,0 +1,128 @@
+# SPDX-License-Identifier: MIT
+"""Figures of the client as a whole, against a minimal tray program in the same desktop."""
+
+import os
+import pathlib
+import shutil
+import statistics
+import sys
+import time
+
+import process_cost
+from figure import Figure
+from tray_watch import TrayWatch
+from virtual_desktop import VirtualDesktop, wait_for
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "tests/simulator"))
+from simulated_daemon import SimulatedDaemon, programs, quick_world  # noqa: E402
+
+POLL_INTERVAL = 5.0
+SHELL_LOOP = 'while :; do "$0" --socket="$1" status --json >/dev/null 2>&1; sleep 5; done'
+
+
+class ClientCost:
+    """Measures in a desktop with a daemon that is connected to a network of a few peers."""
+
+    def __init__(self, bin_dir, runs, polls):
+        os.environ["TARNWICK_BIN_DIR"] = str(bin_dir)
+        self._bin_dir, self._runs, self._polls = pathlib.Path(bin_dir), runs, polls
+
+    def figures(self):
+        self._refuse_beside_the_real_thing()
+        with VirtualDesktop() as desktop:
+            state_directory = desktop.home / ".tarnwick"
+            state_directory.mkdir()
+            (desktop.home / "daemon").mkdir()
+            with SimulatedDaemon(world=quick_world(), directory=desktop.home / "daemon") as daemon:
+                daemon.log_in("twkey-harbor-good")
+                (state_directory / "tarnwick.sock").symlink_to(daemon.socket)
+                self._desktop = desktop
+                self._watch = TrayWatch(desktop.environment["DISPLAY"], desktop.tray)
+                self._tool = programs()[1]
+                self._client, self._minimal = self._copies(desktop.home / "bin")
+                return self._memory_and_start() + self._polling()
+
+    @staticmethod
+    def _refuse_beside_the_real_thing():
+        for path in ("/var/run/tarnwick.sock", "/opt/tarnwick/tarnwick"):
+            if os.path.exists(path):
+                sys.exit(f"{path} exists: the client would use it")
+
+    def _copies(self, directory):
+        directory.mkdir()
+        for name in ("tarnwick-client", "minimal_tray", self._tool.name):
+            shutil.copy2(self._bin_dir / name, directory)
+        return directory / "tarnwick-client", directory / "minimal_tray"
+
+    def _memory_and_start(self):
+        self._once(self._minimal, use=False)  # reads every library into the cache
+        self._once(self._client, use=False)
+        rounds = [(self._once(self._minimal, use=False), self._once(self._client, use=True))
+                  for _ in range(self._runs)]
+        minimal, client = (
+            {key: statistics.median(pair[i][key] for pair in rounds) for key in rounds[0][i]}
+            for i in (0, 1))
+
+        def memory(key, name, goal):
+            return Figure(f"{name} : minimal tray program", client[key] / minimal["pss"], "x", goal,
+                          f"{client[key] / 1024:.1f} : {minimal['pss'] / 1024:.1f} MiB")
+
+        return [
+            memory("pss", "PSS, idle, panel never opened", 1.10),
+            memory("pss_used", "PSS, after the panel was opened and closed", 1.30),
+            Figure("CPU to the icon : minimal tray program", client["cpu"] / minimal["cpu"], "x",
+                   1.25, f"{client['cpu'] * 1000:.1f} : {minimal['cpu'] * 1000:.1f} ms"),
+        ]
+
+    def _once(self, program, use):
+        """Starts a program alone, measures it to its icon and at rest, and ends it."""
+        self._watch.wait_for_none()
+        process = self._desktop.start(program)
+        self._watch.wait_for_icon()
+        result = {"cpu": process_cost.cpu_seconds(process.pid)}
+        time.sleep(2.0)
+        result["pss"] = process_cost.pss_kib(process.pid)
+        if use:
+            self._open_and_close(process)
+            result["pss_used"] = process_cost.pss_kib(process.pid)
+        self._desktop.end(process)
+        return result
+
+    def _open_and_close(self, process):
+        self._desktop.click_tray()
+        wait_for(lambda: self._desktop.windows_of(process), "the panel to open")
+        time.sleep(0.7)
+        self._desktop.click_tray()
+        wait_for(lambda: not self._desktop.windows_of(process), "the panel to close")
+        time.sleep(1.0)
+
+    def _polling(self):
+        """All three at once: they share whatever else the machine does meanwhile."""
+        minimal = self._desktop.start(self._minimal)
+        client = self._desktop.start(self._client)
+        loop = self._desktop.start("sh", "-c", SHELL_LOOP, self._tool,
+                                   self._desktop.home / ".tarnwick/tarnwick.sock")
+        time.sleep(POLL_INTERVAL / 2)  # between the polls of both
+        before = {p.pid: process_cost.cpu_seconds(p.pid) for p in (client, minimal, loop)}
+        counts = {p.pid: process_cost.WakeUpCount(p.pid) for p in (client, minimal)}
+        end = time.monotonic() + self._polls * POLL_INTERVAL
+        while time.monotonic() < end:
+            for count in counts.values():
+                count.sample()
+            time.sleep(process_cost.WakeUpCount.STEP)
+        used = {pid: process_cost.cpu_seconds(pid) - begin for pid, begin in before.items()}
+        for process in (loop, client, minimal):
+            self._desktop.end(process)
+        a_poll = used[client.pid] / self._polls * 1000
+        of_loop = used[loop.pid] / self._polls * 1000
+        per_minute = 60 / (self._polls * POLL_INTERVAL)
+        total, idle = counts[client.pid].total(), counts[client.pid].without_child()
+        return [
+            Figure("CPU a poll, children's not counted", a_poll, "ms", 2.0),
+            Figure("CPU a poll : shell loop's own", a_poll / of_loop, "x", 1.0,
+                   f"{a_poll:.2f} : {of_loop:.2f} ms"),
+            Figure("wake-ups a minute between polls", idle * per_minute, "", 0),
+            Figure("wake-ups a minute in all", total * per_minute, "", None,
+                   f"{total / self._polls:.1f} a poll; minimal tray program "
+                   f"{counts[minimal.pid].total() * per_minute:.0f} a minute"),
+        ]

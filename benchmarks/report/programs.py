@@ -1,0 +1,48 @@
+# SPDX-License-Identifier: MIT
+"""Figures that the benchmark programs measure by themselves."""
+
+import json
+import os
+import subprocess
+
+from figure import Figure
+
+
+class Program:
+    """Runs one benchmark program, its cases in random order so that all share what disturbs."""
+
+    def __init__(self, path, repetitions, environment=None):
+        command = [path, "--benchmark_format=json", "--benchmark_enable_random_interleaving=true",
+                   f"--benchmark_repetitions={repetitions}", "--benchmark_min_time=0.1",
+                   "--benchmark_report_aggregates_only=true"]
+        run = subprocess.run(command, capture_output=True, text=True, check=True, timeout=600,
+                             env=environment or os.environ)
+        self._medians = {case["run_name"]: case for case in json.loads(run.stdout)["benchmarks"]
+                         if case["aggregate_name"] == "median"}
+
+    def time(self, name, clock="cpu_time"):
+        """Median in microseconds."""
+        case = self._medians[name]
+        return case[clock] / {"ns": 1000, "us": 1, "ms": 0.001}[case["time_unit"]]
+
+
+def core_figures(path, repetitions=11):
+    program = Program(path, repetitions)
+    run, look, sleep = (program.time(f"{name}/manual_time", "real_time")
+                        for name in ("runTool", "spawnAndLook", "spawnAndSleep"))
+    decode = {peers: program.time(f"decodeAndSortStatus/{peers}")
+              for peers in (10, 100, 1000, 10000)}
+    alone = program.time("parseJsonAlone/10000")
+    profiles = program.time("parseProfiles/10000")
+    return [
+        Figure("runner, one call : bare posix_spawn, same looking", run / look, "x", 1.5,
+               f"{run:.0f} : {look:.0f} us CPU, child included"),
+        Figure("runner, one call : bare posix_spawn, blocking wait", run / sleep, "x", None,
+               f"{run:.0f} : {sleep:.0f} us CPU; the runner looks without a pause here"),
+        Figure("status per peer, 10,000 peers : 10 peers", decode[10000] / decode[10] / 1000, "x",
+               1.5, ", ".join(f"{time / peers:.2f}" for peers, time in decode.items())
+               + " us a peer at 10, 100, 1,000, 10,000"),
+        Figure("status of 10,000 peers : QJsonDocument::fromJson", decode[10000] / alone, "x", 2.0,
+               f"{decode[10000] / 1000:.1f} : {alone / 1000:.1f} ms"),
+        Figure("10,000 profile lines", profiles / 1000, "ms", None, "parsed"),
+    ]
