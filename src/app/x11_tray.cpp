@@ -32,7 +32,8 @@ QByteArray screenNumber() {
 
 X11Tray::X11Tray() : library_(u"xcb"_s, 1) {
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11 || !library_.load())
+    // Without a display Qt has the interface all the same, and no connection behind it.
+    if (!x11 || !x11->connection() || !library_.load())
         return;
     connection_ = x11->connection();
     traySelection_ = atom("_NET_SYSTEM_TRAY_S" + screenNumber());
