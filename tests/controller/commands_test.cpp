@@ -133,11 +133,17 @@ TEST_F(Commands, DownDisconnectsAndUpConnectsAgain) {
     EXPECT_EQ(message(*manager), u""_s);
 }
 
-TEST_F(Commands, UpWithoutALoginShowsTheToolsOwnWords) {
+TEST_F(Commands, UpThatFailsShowsTheToolsOwnWordsUntilTheRefreshSucceeds) {
+    daemon_.logIn(u"twkey-harbor-good"_s);
     daemon_.setFaults({u"error@up"_s});
     const auto manager = create();
+    QStringList messages;
+    QObject context;
+    QObject::connect(&manager->objectWillChange, &ObjectWillChange::announced, &context,
+                     [&] { messages.append(message(*manager)); });
     manager->connect();
-    EXPECT_TRUE(becomes([&] { return message(*manager).contains(u"error"_s); }));
+    EXPECT_TRUE(becomes([&] { return messages.size() > 1 && message(*manager).isEmpty(); }));
+    EXPECT_TRUE(messages.value(1).contains(u"error"_s));
 }
 
 class SlowStart : public SimulatedWorld {
