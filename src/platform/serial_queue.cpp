@@ -28,9 +28,11 @@ SerialQueue::~SerialQueue() {
     if (thread_->wait(QDeadlineTimer(patience)))
         return;
     // Stuck in the kernel, on a dead network file system for instance. The process is about to
-    // end anyway, and destroying a running thread would abort it.
-    static_cast<void>(thread_.release());
-    static_cast<void>(context_.release());
+    // end anyway, and destroying a running thread would abort it. Should it come back after all,
+    // it goes then.
+    QThread* thread = thread_.release();
+    QObject::connect(thread, &QThread::finished, context_.release(), &QObject::deleteLater);
+    QObject::connect(thread, &QThread::finished, thread, &QObject::deleteLater);
 }
 
 void SerialQueue::async(std::function<void()> work) {

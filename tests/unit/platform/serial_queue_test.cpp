@@ -3,6 +3,7 @@
 #include "support/printing.h"
 #include "support/waiting.h"
 
+#include <QDir>
 #include <QList>
 #include <QThread>
 
@@ -59,6 +60,10 @@ TEST(SerialQueue, TakesWorkFromAnyThread) {
 TEST(SerialQueue, DestructionLeavesAPieceThatNeverEndsBehind) {
     const auto release = std::make_shared<std::binary_semaphore>(0);
     const auto isRunning = std::make_shared<std::atomic<bool>>(false);
+    const auto threadCount = [] {
+        return QDir(u"/proc/self/task"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size();
+    };
+    const auto before = threadCount();
     {
         SerialQueue queue(u"test"_s);
         queue.async([release, isRunning] {
@@ -68,6 +73,8 @@ TEST(SerialQueue, DestructionLeavesAPieceThatNeverEndsBehind) {
         ASSERT_TRUE(test::waitUntil([&] { return isRunning->load(); }));
     } // the test would run into its time limit here if the queue waited
     release->release();
+    EXPECT_TRUE(test::waitUntil([&] { return threadCount() <= before; })) << "it goes afterwards";
+    test::runEventLoopFor(std::chrono::milliseconds(10)); // the main thread's part of that
 }
 
 } // namespace
