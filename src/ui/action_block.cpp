@@ -50,6 +50,7 @@ void ActionBlock::setContent(const PanelContent::Actions& content) {
         } else {
             column_->addWidget(row);
         }
+        row->show(); // at once: a hidden one would not count for the height
     }
     for (QWidget* gone : std::as_const(rows_)) {
         gone->hide();

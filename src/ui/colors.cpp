@@ -83,7 +83,7 @@ QColor dividerColor(const QPalette& palette) {
 }
 
 QColor borderColor(const QPalette& palette) {
-    return withOpacity(palette.color(QPalette::WindowText), 0.2);
+    return withOpacity(palette.color(QPalette::WindowText), 0.16);
 }
 
 QColor focusColor(const QPalette& palette) {

@@ -18,7 +18,7 @@ HeaderView::HeaderView(QWidget* parent)
     const int left = RowGeometry::horizontalPadding - overhang;
     const int textLeft = RowGeometry::horizontalPadding + symbolColumnWidth() + RowGeometry::gap;
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(left, 12, RowGeometry::horizontalPadding, 12);
+    row->setContentsMargins(left, 12, left, 12); // equal, for layouts do not mirror margins
     row->setSpacing(textLeft - left - symbol_->sizeHint().width());
     auto* texts = new QVBoxLayout;
     texts->setSpacing(2);

@@ -57,16 +57,10 @@ int arrowDirection(const QKeyEvent& event, Qt::LayoutDirection layoutDirection) 
     }
 }
 
-void orderTabChain(QWidget* window) {
-    const QList<QWidget*> widgets = controls(window);
-    for (qsizetype i = 1; i < widgets.size(); ++i)
-        QWidget::setTabOrder(widgets[i - 1], widgets[i]);
-}
-
-void moveFocus(QWidget* window, int direction) {
+bool moveFocus(QWidget* window, int direction) {
     const QList<QWidget*> widgets = controls(window);
     if (widgets.isEmpty())
-        return;
+        return false;
     const qsizetype now = widgets.indexOf(window->focusWidget());
     const qsizetype last = widgets.size() - 1;
     qsizetype next = direction > 0 ? 0 : last;
@@ -75,6 +69,7 @@ void moveFocus(QWidget* window, int direction) {
     else if (now >= 0)
         next = now == 0 ? last : now - 1;
     widgets[next]->setFocus(direction > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
 }
 
 void scrollIntoView(QWidget* widget) {

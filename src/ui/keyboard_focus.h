@@ -15,11 +15,9 @@ bool isKeyboardReason(Qt::FocusReason reason);
 /// any other key.
 int arrowDirection(const QKeyEvent& event, Qt::LayoutDirection layoutDirection);
 
-/// Makes Tab go through the window's controls as the eye does: down, and along the line.
-void orderTabChain(QWidget* window);
-
-/// Gives the focus to the next control of the window, or the one before, as Tab would.
-void moveFocus(QWidget* window, int direction);
+/// Gives the focus to the next control of the window (+1) or the one before (-1), as the eye goes:
+/// down, and along the line. False when the window has none.
+bool moveFocus(QWidget* window, int direction);
 
 /// Scrolls what `widget` lies in until it is visible.
 void scrollIntoView(QWidget* widget);

@@ -116,7 +116,6 @@ void MenuBarView::render() {
     column_->setContent(content);
     shown_ = std::move(content);
     ++renderCount_;
-    orderTabChain(this);
     if (isVisible())
         fitHeight();
 }
@@ -190,9 +189,8 @@ void MenuBarView::resizeEvent(QResizeEvent* event) {
     surface_.setShape(isOrdinaryWindow() ? squareShape(rect()) : roundedShape(rect()));
 }
 
-void MenuBarView::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
-    orderTabChain(this);
+bool MenuBarView::focusNextPrevChild(bool next) {
+    return moveFocus(this, next ? 1 : -1);
 }
 
 void MenuBarView::hideEvent(QHideEvent* event) {

@@ -30,7 +30,7 @@ QSize MenuButton::sizeHint() const {
 
 void MenuButton::paintRow(QPainter& painter) {
     grid.paintSymbolAndTitle(painter, *this, content_.symbol, content_.title,
-                                 grid.textRect(rect()));
+                             grid.textRect(rect()));
 }
 
 } // namespace tarnwick

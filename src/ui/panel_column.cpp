@@ -45,7 +45,7 @@ int PanelColumn::contentHeight(int width) const {
 }
 
 template <typename View, typename Content>
-void PanelColumn::show(QWidget*& view, const Content& content) {
+void PanelColumn::showView(QWidget*& view, const Content& content) {
     if (view == nullptr) {
         view = new View(this);
         if constexpr (std::is_same_v<View, ActionBlock>)
@@ -54,20 +54,21 @@ void PanelColumn::show(QWidget*& view, const Content& content) {
     }
     static_cast<View*>(view)->setContent(content);
     column_->addWidget(view);
+    view->show(); // at once: a hidden one would not count for the height
 }
 
 void PanelColumn::showSection(const PanelContent::Section& section) {
     QWidget*& view = views_[section.index()];
     if (const auto* header = std::get_if<PanelContent::Header>(&section))
-        show<HeaderView>(view, *header);
+        showView<HeaderView>(view, *header);
     else if (const auto* info = std::get_if<PanelContent::Info>(&section))
-        show<InfoView>(view, *info);
+        showView<InfoView>(view, *info);
     else if (const auto* devices = std::get_if<PanelContent::Devices>(&section))
-        show<DevicesSubmenu>(view, *devices);
+        showView<DevicesSubmenu>(view, *devices);
     else if (const auto* error = std::get_if<PanelContent::Error>(&section))
-        show<ErrorView>(view, *error);
+        showView<ErrorView>(view, *error);
     else if (const auto* actions = std::get_if<PanelContent::Actions>(&section))
-        show<ActionBlock>(view, *actions);
+        showView<ActionBlock>(view, *actions);
 }
 
 void PanelColumn::addDivider(qsizetype number) {

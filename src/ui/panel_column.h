@@ -28,7 +28,7 @@ Q_SIGNALS:
 
 private:
     template <typename View, typename Content>
-    void show(QWidget*& view, const Content& content);
+    void showView(QWidget*& view, const Content& content);
     void showSection(const PanelContent::Section& section);
     void addDivider(qsizetype number);
     void removeUnused(const PanelContent& content);

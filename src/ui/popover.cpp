@@ -109,6 +109,10 @@ void Popover::keyPressEvent(QKeyEvent* event) {
         QWidget::keyPressEvent(event);
 }
 
+bool Popover::focusNextPrevChild(bool next) {
+    return moveFocus(this, next ? 1 : -1);
+}
+
 void Popover::paintEvent(QPaintEvent*) {
     surface_.paint();
 }

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/popover_list.h"
 
-#include "ui/keyboard_focus.h"
-
 #include <QEvent>
 #include <QVBoxLayout>
 
@@ -27,7 +25,6 @@ PopoverList::PopoverList(int maximumHeight, RowList::Provide provide, QWidget* p
     column->addWidget(scrollArea_);
     scrollArea_->setContents(rows_);
     setFixedWidth(fixedWidth);
-    QObject::connect(rows_, &RowList::rowsChanged, this, [this] { orderTabChain(window()); });
 }
 
 void PopoverList::setContent(const QString& heading, const QStringList& keys) {

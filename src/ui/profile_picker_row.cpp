@@ -30,7 +30,7 @@ QSize ProfilePickerRow::sizeHint() const {
 
 void ProfilePickerRow::paintRow(QPainter& painter) {
     grid.paintSymbolAndTitle(painter, *this, content_.symbol, content_.title,
-                                 grid.textRectBeforeChevron(rect()));
+                             grid.textRectBeforeChevron(rect()));
     grid.paintChevron(painter, *this);
 }
 

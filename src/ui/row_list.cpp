@@ -50,7 +50,6 @@ void RowList::setRows(const QStringList& keys) {
     makeRowsInSight();
     filler_.start();
     updateGeometry();
-    Q_EMIT rowsChanged();
 }
 
 void RowList::learnRowHeight() {
@@ -65,19 +64,22 @@ QSize RowList::sizeHint() const {
     return {0, rows == 0 ? 0 : rows * rowHeight_ + (rows - 1) * gap};
 }
 
+QSize RowList::minimumSizeHint() const {
+    return sizeHint(); // what is higher than the scroll area scrolls
+}
+
 QWidget* RowList::row(qsizetype index) const {
     return rows_.value(keys_.value(index));
 }
 
-bool RowList::makeRow(qsizetype index) {
+void RowList::makeRow(qsizetype index) {
     QWidget*& row = rows_[keys_[index]];
     if (row != nullptr)
-        return false;
+        return;
     row = provide_(nullptr, index);
     row->setParent(this);
     placeRow(index);
     row->show();
-    return true;
 }
 
 void RowList::placeRow(qsizetype index) {
@@ -92,23 +94,16 @@ void RowList::makeRowsInSight() {
     const qsizetype first = std::max(0, -y() / pitch);
     const qsizetype last =
         std::min(keys_.size() - 1, qsizetype((parentWidget()->height() - y()) / pitch));
-    bool made = false;
     for (qsizetype i = first; i <= last; ++i)
-        made |= makeRow(i);
-    if (made)
-        Q_EMIT rowsChanged();
+        makeRow(i);
 }
 
 void RowList::makeMoreRows() {
     const qsizetype end = std::min(keys_.size(), filledUpTo_ + rowsPerTurn);
-    bool made = false;
     for (; filledUpTo_ < end; ++filledUpTo_)
-        made |= makeRow(filledUpTo_);
-    if (filledUpTo_ < keys_.size())
-        return;
-    filler_.stop();
-    if (made)
-        Q_EMIT rowsChanged();
+        makeRow(filledUpTo_);
+    if (filledUpTo_ == keys_.size())
+        filler_.stop();
 }
 
 bool RowList::event(QEvent* event) {

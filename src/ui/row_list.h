@@ -30,15 +30,12 @@ public:
     void setRows(const QStringList& keys);
 
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
     /// The row at that place, null when it is not made yet.
     QWidget* row(qsizetype index) const;
 
     qsizetype count() const { return keys_.size(); }
-
-Q_SIGNALS:
-    /// Rows were made or moved.
-    void rowsChanged();
 
 protected:
     bool event(QEvent* event) override;
@@ -46,7 +43,7 @@ protected:
 private:
     void makeRowsInSight();
     void makeMoreRows();
-    bool makeRow(qsizetype index);
+    void makeRow(qsizetype index);
     void placeRow(qsizetype index);
     void learnRowHeight();
 

@@ -14,7 +14,9 @@ namespace tarnwick {
 SelectableLabel::SelectableLabel(const TextLook& look, QWidget* parent)
     : StyledLabel(look, ThemeColor::Label, parent) {
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setFocusPolicy(Qt::StrongFocus); // a label that is not a link has that of a click only
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
     setCursor(Qt::IBeamCursor);
 }
 

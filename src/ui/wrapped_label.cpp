@@ -7,6 +7,7 @@
 #include <QStyle>
 #include <QTextLayout>
 
+#include <algorithm>
 #include <cmath>
 
 namespace tarnwick {
@@ -59,7 +60,8 @@ bool WrappedLabel::hasHeightForWidth() const {
 
 int WrappedLabel::heightForWidth(int width) const {
     QTextLayout layout(withLineSeparators(text()), font());
-    return qCeil(breakIntoLines(layout, width, Qt::AlignLeft));
+    const int oneLine = QFontMetrics(font()).height();
+    return std::max(oneLine, qCeil(breakIntoLines(layout, width, Qt::AlignLeft)));
 }
 
 void WrappedLabel::showContent() {

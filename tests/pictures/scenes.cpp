@@ -62,7 +62,7 @@ DaemonState withHostileTexts() {
         device(u"<img src=x><b>bold</b> & co"_s, {}, false, u"<i>os</i>"_s),
         device(u"\u202eevil\u202c \u05e9\u05dc\u05d5\u05dd"_s, u"100.64.0.2"_s, true,
                QString(60, u'o')),
-        device(u"\U0001F469\u200D\U0001F4BB gypsy \U0001F680"_s, u"100.64.0.3"_s, true, {}),
+        device(u"\U0001F469\u200D\U0001F4BB dev \U0001F680"_s, u"100.64.0.3"_s, true, {}),
         device({}, {}, false, {})};
     state.errorMessage = u"error: "_s + QString(200, u'x') + u" <b>not bold</b>\nsecond line"_s;
     return state;
