@@ -72,8 +72,7 @@ void MenuBarView::openAs(Qt::WindowFlags flags, const QPoint& topLeft) {
     // Qt adds flags of its own; this one tells the two apart. Setting flags hides the window.
     if (windowFlags().testFlag(Qt::FramelessWindowHint) != flags.testFlag(Qt::FramelessWindowHint))
         setWindowFlags(flags);
-    if (QWidget* focused = focusWidget())
-        focused->clearFocus();
+    setFocus(Qt::OtherFocusReason); // else a window that becomes active focuses its first control
     const QRect opened(topLeft, panelSize());
     const QScreen* screen = QGuiApplication::screenAt(opened.center());
     if (screen == nullptr)

@@ -24,6 +24,7 @@ void Popover::present() {
     place();
     surface_.prepareToShow();
     qApp->installEventFilter(this);
+    setFocus(Qt::OtherFocusReason); // else a window that becomes active focuses its first control
     show();
     raise();
     activateWindow();
