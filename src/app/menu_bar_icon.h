@@ -16,7 +16,7 @@ extern const char* const menuBarIconText;
 /// An icon for the status area and what goes with it.
 struct MenuBarIcon {
     QIcon icon;
-    QSize size;                    ///< Display size; empty: that of the status area.
+    QSize size; ///< Nominal display size; empty for a symbol, which the status area sizes.
     bool isTemplate = false;       ///< The status area may tint it for its appearance.
     QString accessibleDescription; ///< "" when the status area's own name for it is enough.
 

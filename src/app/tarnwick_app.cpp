@@ -15,8 +15,7 @@ using namespace Qt::StringLiterals;
 
 TarnwickApp::TarnwickApp(const QString& launchSocket, DaemonManagerOptions options)
     : daemon_(DaemonManager::create(std::move(options))), platform_(hostPlatform()),
-      launches_(launchSocket),
-      presenter_([this] { return makePanel(); }) {
+      launches_(launchSocket), presenter_([this] { return makePanel(); }) {
     QObject::connect(&signals_, &TerminationSignals::received, qApp,
                      [] { QCoreApplication::exit(0); });
     QObject::connect(&wakeUp_, &WakeUp::woke, this, [this] { daemon_->startStatusPolling(); });

@@ -1,0 +1,309 @@
+# SPDX-License-Identifier: MIT
+"""A virtual desktop for tests that drive the built client as a user does.
+
+    with Desktop(tray="top") as desktop:
+        client = desktop.start_client()
+        desktop.click(desktop.wait_for_icon(client).center)
+        panel = desktop.wait_for_panel(client)
+
+Everything runs in a directory of its own: home, runtime directory, session bus, system bus and X
+display. Every wait is bounded, and every process is ended by its id, also when the test is killed.
+"""
+
+import collections
+import ctypes
+import os
+import pathlib
+import shutil
+import signal
+import subprocess
+import tempfile
+import time
+
+BIN_DIR = pathlib.Path(os.environ.get("TARNWICK_BIN_DIR", "build/debug/bin")).resolve()
+TIME_LIMIT = 20.0
+PANEL_WIDTH = 300
+PARENT_DEATH_SIGNAL = 1  # PR_SET_PDEATHSIG
+
+# Anybody may own any name and talk to anybody: the bus is private to one test.
+BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <type>session</type>
+  <listen>unix:path={socket}</listen>
+  <servicedir>/usr/share/dbus-1/services</servicedir>
+  <policy context="default">
+    <allow send_destination="*" eavesdrop="true"/>
+    <allow eavesdrop="true"/>
+    <allow own="*"/>
+  </policy>
+</busconfig>
+"""
+
+
+class Rect(collections.namedtuple("Rect", "x y width height")):
+    """A rectangle of the screen, in its pixels."""
+
+    @property
+    def center(self):
+        return self.x + self.width // 2, self.y + self.height // 2
+
+    @property
+    def right(self):
+        return self.x + self.width
+
+    @property
+    def bottom(self):
+        return self.y + self.height
+
+    def contains(self, other):
+        return (self.x <= other.x and self.y <= other.y
+                and other.right <= self.right and other.bottom <= self.bottom)
+
+    def intersects(self, other):
+        return (self.x < other.right and other.x < self.right
+                and self.y < other.bottom and other.y < self.bottom)
+
+
+def wait_until(condition, what, seconds=TIME_LIMIT, step=0.05):
+    """Returns the first true value of `condition()`."""
+    deadline = time.monotonic() + seconds
+    while True:
+        value = condition()
+        if value:
+            return value
+        if time.monotonic() > deadline:
+            raise TimeoutError(f"waited {seconds} s for {what}")
+        time.sleep(step)
+
+
+def stays(condition, seconds, step=0.05):
+    """Whether `condition()` holds now and for so long."""
+    deadline = time.monotonic() + seconds
+    while time.monotonic() < deadline:
+        if not condition():
+            return False
+        time.sleep(step)
+    return True
+
+
+def _die_with_parent():
+    ctypes.CDLL(None).prctl(PARENT_DEATH_SIGNAL, signal.SIGKILL)
+
+
+class Process(subprocess.Popen):
+    """A child whose output goes to a file and that does not outlive the test."""
+
+    def __init__(self, line, log, **options):
+        self.log = pathlib.Path(log)
+        with open(self.log, "ab") as output:
+            super().__init__([str(part) for part in line], stdin=subprocess.DEVNULL, stdout=output,
+                             stderr=subprocess.STDOUT, preexec_fn=_die_with_parent, **options)
+
+    def is_running(self):
+        return self.poll() is None
+
+    def stop(self, with_signal=signal.SIGTERM, seconds=5.0):
+        """Ends it and returns its exit status."""
+        if self.is_running():
+            self.send_signal(with_signal)
+        try:
+            return self.wait(seconds)
+        except subprocess.TimeoutExpired:
+            self.kill()
+            return self.wait(seconds)
+
+    def output(self):
+        return self.log.read_text(encoding="utf-8", errors="replace")
+
+
+class Desktop:
+    """An X display with a window manager, two buses and, if asked for, a tray at an edge."""
+
+    def __init__(self, size="1280x800", dpi=96, tray=None, session_bus=True, environment=None):
+        # Not TMPDIR, which may be too long for the path of a socket.
+        self.directory = pathlib.Path(tempfile.mkdtemp(prefix="tw-desktop-", dir="/tmp"))
+        self.home = self._make_directory("home")
+        self.runtime = self._make_directory("run")
+        self.processes = []
+        self.tray = None
+        self._size, self._dpi, self._tray_edge = size, dpi, tray
+        self._has_session_bus = session_bus
+        self.environment = self._base_environment()
+        self.environment.update(environment or {})
+
+    def _make_directory(self, name):
+        directory = self.directory / name
+        directory.mkdir(mode=0o700)
+        return directory
+
+    def _base_environment(self):
+        kept = {name: os.environ[name] for name in ("PATH", "LD_LIBRARY_PATH", "ASAN_OPTIONS",
+                                                    "LSAN_OPTIONS", "UBSAN_OPTIONS")
+                if name in os.environ}
+        return {"LANG": "C.UTF-8", "HOME": str(self.home), "XDG_RUNTIME_DIR": str(self.runtime),
+                "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", **kept}
+
+    def __enter__(self):
+        try:
+            self._start()
+        except BaseException:
+            self.stop()
+            raise
+        return self
+
+    def __exit__(self, *_):
+        self.stop()
+
+    def _start(self):
+        if self._has_session_bus:
+            self.environment["DBUS_SESSION_BUS_ADDRESS"] = self.start_bus("session")
+        self.environment["DBUS_SYSTEM_BUS_ADDRESS"] = self.start_bus("system")
+        self.environment["DISPLAY"] = self._start_display()
+        self.start("openbox", "--sm-disable")
+        wait_until(lambda: "_NET_SUPPORTING_WM_CHECK(WINDOW)" in self.run(
+            "xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "the window manager")
+        if self._tray_edge:
+            self.start_tray(self._tray_edge)
+
+    def stop(self):
+        for process in reversed(self.processes):
+            process.stop()
+        self.processes.clear()
+        shutil.rmtree(self.directory, ignore_errors=True)
+
+    # Processes
+
+    def start(self, *line, environment=None, **options):
+        """Starts a program on this desktop; it ends with the desktop."""
+        log = self.directory / f"{len(self.processes)}-{pathlib.Path(line[0]).name}.log"
+        process = Process(line, log, env={**self.environment, **(environment or {})}, **options)
+        self.processes.append(process)
+        return process
+
+    def run(self, *line, check=False, seconds=TIME_LIMIT):
+        """Runs a program to its end and returns what it printed."""
+        return subprocess.run([str(part) for part in line], env=self.environment, timeout=seconds,
+                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                              stderr=subprocess.DEVNULL, check=check).stdout.decode()
+
+    def start_bus(self, name):
+        """Starts a private message bus and returns its address."""
+        socket = self.runtime / f"{name}-bus"
+        configuration = self.directory / f"{name}-bus.conf"
+        configuration.write_text(BUS_CONFIGURATION.format(socket=socket), encoding="utf-8")
+        self.start("dbus-daemon", f"--config-file={configuration}", "--nofork", "--nopidfile")
+        wait_until(socket.exists, f"the {name} bus")
+        return f"unix:path={socket}"
+
+    def _start_display(self):
+        reader, writer = os.pipe()
+        self.start("Xvfb", "-displayfd", writer, "-screen", "0", f"{self._size}x24", "-dpi",
+                   self._dpi, "-nolisten", "tcp", "-noreset", pass_fds=(writer,))
+        os.close(writer)
+        with os.fdopen(reader) as pipe:
+            number = pipe.readline().strip()
+        if not number:
+            raise RuntimeError(self.processes[-1].output())
+        return f":{number}"
+
+    def start_tray(self, edge="top", align="right", height=26, tint="0x202020"):
+        """Starts an X tray at that edge; it reserves its room, as panels do."""
+        self.tray = self.start(
+            "trayer", "--edge", edge, "--align", align, "--widthtype", "request", "--height",
+            height, "--transparent", "true", "--alpha", 0, "--tint", tint, "--SetPartialStrut",
+            "true", "--SetDockType", "true", "--expand", "true")
+        return self.tray
+
+    def stop_tray(self):
+        self.tray.stop()
+        self.tray = None
+
+    def start_client(self, *arguments, program=None, environment=None):
+        """Starts the client, as built or another copy of it."""
+        return self.start(program or BIN_DIR / "tarnwick-client", *arguments,
+                          environment=environment)
+
+    def copy_client(self, tool):
+        """A copy of the client in a directory of its own, beside a tool with that text."""
+        directory = pathlib.Path(tempfile.mkdtemp(prefix="client-", dir=self.directory))
+        suffix = "linux-arm64" if os.uname().machine in ("aarch64", "arm64") else "linux-amd64"
+        client = pathlib.Path(shutil.copy2(BIN_DIR / "tarnwick-client", directory))
+        for name in (f"tarnwick-{suffix}", f"tarnwick-daemon-{suffix}"):
+            (directory / name).write_text(tool, encoding="utf-8")
+            (directory / name).chmod(0o755)
+        return client
+
+    @property
+    def user_socket(self):
+        """Where the client looks for a daemon of this desktop's user."""
+        return self.home / ".tarnwick" / "tarnwick.sock"
+
+    # Windows
+
+    def windows(self, process):
+        """The visible windows of a process, by their X ids."""
+        found = {}
+        for window in self.run("xdotool", "search", "--onlyvisible", "--pid", process.pid,
+                               "").split():
+            geometry = dict(line.split("=") for line in self.run(
+                "xdotool", "getwindowgeometry", "--shell", window).split() if "=" in line)
+            if "WIDTH" in geometry:
+                found[window] = Rect(*(int(geometry[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")))
+        return found
+
+    def _window(self, process, condition):
+        return next((rect for rect in self.windows(process).values() if condition(rect)), None)
+
+    def icon(self, process):
+        """The client's icon in an X tray; None when there is none."""
+        return self._window(process, lambda rect: 8 <= rect.width <= 64 and rect.height <= 64
+                            and rect.x >= 0 and rect.y >= 0)
+
+    def panel(self, process):
+        """The open panel; None when it is closed."""
+        return self._window(process, lambda rect: rect.width >= PANEL_WIDTH)
+
+    def wait_for_icon(self, process, seconds=TIME_LIMIT):
+        # Trays move their icons about while they grow.
+        rect = wait_until(lambda: self.icon(process), "the icon", seconds)
+        while not stays(lambda: self.icon(process) == rect, 0.3):
+            rect = wait_until(lambda: self.icon(process), "the icon", seconds)
+        return rect
+
+    def wait_for_panel(self, process, seconds=TIME_LIMIT):
+        return wait_until(lambda: self.panel(process), "the panel", seconds)
+
+    def wait_for_no_panel(self, process, seconds=TIME_LIMIT):
+        wait_until(lambda: self.panel(process) is None, "the panel to close", seconds)
+
+    def active_window(self):
+        """The X id of the window that has the focus; "" when none has."""
+        return self.run("xdotool", "getactivewindow").strip()
+
+    # Mouse, keyboard, pictures
+
+    def click(self, point, button=1):
+        self.run("xdotool", "mousemove", *point, "click", button, check=True)
+
+    def move_mouse(self, point):
+        self.run("xdotool", "mousemove", *point, check=True)
+
+    def key(self, *keys):
+        self.run("xdotool", "key", *keys, check=True)
+
+    def type(self, text):
+        self.run("xdotool", "type", "--delay", 5, text, check=True)
+
+    def screenshot(self, path, rect=None):
+        """Saves a picture of the screen, or of a part of it, as PNG."""
+        crop = ("-crop", f"{rect.width}x{rect.height}+{rect.x}+{rect.y}", "+repage") if rect else ()
+        self.run("import", "-window", "root", *crop, path, check=True)
+        return pathlib.Path(path)
+
+    def brightness(self, rect):
+        """Darkest and lightest grey in a part of the screen, from 0 to 1."""
+        picture = self.screenshot(self.directory / "brightness.png", rect)
+        text = self.run("convert", picture, "-colorspace", "gray", "-format",
+                        "%[fx:minima] %[fx:maxima]", "info:", check=True)
+        return tuple(float(part) for part in text.split())

@@ -1,0 +1,124 @@
+# SPDX-License-Identifier: MIT
+"""A small status area of the newer kind: the registry of items and a host in one."""
+
+import threading
+
+from gi.repository import Gio, GLib
+
+from desktop import TIME_LIMIT, wait_until
+
+WATCHER = "org.kde.StatusNotifierWatcher"
+ITEM = "org.kde.StatusNotifierItem"
+MENU = "com.canonical.dbusmenu"
+DESCRIPTION = f"""
+<node><interface name="{WATCHER}">
+  <method name="RegisterStatusNotifierItem"><arg type="s" direction="in"/></method>
+  <method name="RegisterStatusNotifierHost"><arg type="s" direction="in"/></method>
+  <property name="RegisteredStatusNotifierItems" type="as" access="read"/>
+  <property name="IsStatusNotifierHostRegistered" type="b" access="read"/>
+  <property name="ProtocolVersion" type="i" access="read"/>
+  <signal name="StatusNotifierItemRegistered"><arg type="s"/></signal>
+  <signal name="StatusNotifierItemUnregistered"><arg type="s"/></signal>
+  <signal name="StatusNotifierHostRegistered"/>
+</interface></node>
+"""
+
+
+class StatusNotifierHost:
+    """Runs on a thread of its own; close() is as if the process had ended."""
+
+    def __init__(self, bus_address, has_host=True):
+        self.items = []  # (bus name, object path) of each registered icon
+        self._has_host = has_host
+        self._context = GLib.MainContext()
+        self._loop = GLib.MainLoop(self._context)
+        self._ready = threading.Event()
+        self._thread = threading.Thread(target=self._run, args=(bus_address,), daemon=True)
+        self._thread.start()
+        if not self._ready.wait(TIME_LIMIT):
+            raise TimeoutError("the status-notifier host did not start")
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.close()
+
+    def _run(self, bus_address):
+        self._context.push_thread_default()
+        flags = Gio.DBusConnectionFlags
+        self._bus = Gio.DBusConnection.new_for_address_sync(
+            bus_address, flags.AUTHENTICATION_CLIENT | flags.MESSAGE_BUS_CONNECTION, None, None)
+        interface = Gio.DBusNodeInfo.new_for_xml(DESCRIPTION).interfaces[0]
+        self._bus.register_object("/StatusNotifierWatcher", interface, self._call, self._property,
+                                  None)
+        self._call_bus("RequestName", GLib.Variant("(su)", (WATCHER, 0)))
+        self._ready.set()
+        self._loop.run()
+        self._bus.close_sync(None)
+        self._context.pop_thread_default()
+
+    def _call_bus(self, method, arguments):
+        self._bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus",
+                            "org.freedesktop.DBus", method, arguments, None,
+                            Gio.DBusCallFlags.NONE, 5000, None)
+
+    def _call(self, _connection, sender, _path, _interface, method, arguments, invocation):
+        (text,) = arguments.unpack()
+        if method == "RegisterStatusNotifierItem":
+            # Either a bus name, or a path on the sender's connection.
+            item = (sender, text) if text.startswith("/") else (text, "/StatusNotifierItem")
+            self.items.append(item)
+            self._emit("StatusNotifierItemRegistered", GLib.Variant("(s)", ("".join(item),)))
+        invocation.return_value(None)
+
+    def _property(self, _connection, _sender, _path, _interface, name):
+        return {"RegisteredStatusNotifierItems":
+                    GLib.Variant("as", ["".join(item) for item in self.items]),
+                "IsStatusNotifierHostRegistered": GLib.Variant("b", self._has_host),
+                "ProtocolVersion": GLib.Variant("i", 0)}[name]
+
+    def _emit(self, signal, arguments=None):
+        self._bus.emit_signal(None, "/StatusNotifierWatcher", WATCHER, signal, arguments)
+
+    def add_host(self):
+        """From now on icons are shown."""
+        self._has_host = True
+        self._emit("StatusNotifierHostRegistered")
+
+    def close(self):
+        self._loop.quit()
+        self._thread.join(TIME_LIMIT)
+
+    # What a host does with the icon that registered last.
+
+    def wait_for_item(self, seconds=TIME_LIMIT):
+        return wait_until(lambda: self.items and self.items[-1], "an icon", seconds)
+
+    def _call_item(self, path, interface, method, arguments):
+        name, _ = self.wait_for_item()
+        reply = self._bus.call_sync(name, path, interface, method, arguments, None,
+                                    Gio.DBusCallFlags.NONE, 5000, None)
+        return reply.unpack()
+
+    def property(self, name):
+        _, path = self.wait_for_item()
+        return self._call_item(path, "org.freedesktop.DBus.Properties", "Get",
+                               GLib.Variant("(ss)", (ITEM, name)))[0]
+
+    def activate(self, point=(0, 0)):
+        """The click with the left button."""
+        _, path = self.wait_for_item()
+        self._call_item(path, ITEM, "Activate", GLib.Variant("(ii)", point))
+
+    def menu(self):
+        """The ids of the context menu's entries by their texts."""
+        _, (_, _, entries) = self._call_item(
+            self.property("Menu"), MENU, "GetLayout", GLib.Variant("(iias)", (0, -1, [])))
+        return {properties.get("label", "").replace("_", ""): number
+                for number, properties, _ in entries}
+
+    def choose(self, text):
+        """Chooses an entry of the context menu."""
+        event = GLib.Variant("(isvu)", (self.menu()[text], "clicked", GLib.Variant("s", ""), 0))
+        self._call_item(self.property("Menu"), MENU, "Event", event)

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include "app/tarnwick_app.h"
+#include "support/controller_world.h"
+#include "support/waiting.h"
+
+#include <QApplication>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <future>
+
+namespace tarnwick {
+
+using namespace Qt::StringLiterals;
+using test::waitUntil;
+
+namespace {
+
+class TarnwickAppTest : public testing::Test {
+protected:
+    /// What a second launch asks of this one.
+    void requestPanel() {
+        auto asked = std::async(std::launch::async, [this] {
+            return LaunchChannel::askToShow(socket_, {}, std::chrono::seconds(10));
+        });
+        waitUntil(
+            [&] { return asked.wait_for(std::chrono::seconds(0)) == std::future_status::ready; });
+        EXPECT_TRUE(asked.get());
+    }
+
+    QTemporaryDir dir_;
+    QString socket_ = dir_.filePath(u"socket"_s);
+    test::ControllerWorld world_;
+};
+
+} // namespace
+
+TEST_F(TarnwickAppTest, ExactlyOneControllerExistsHoweverOftenThePanelIsOpened) {
+    const TarnwickApp app(socket_, world_.options());
+    const DaemonManager* controller = app.daemon().get();
+    ASSERT_TRUE(waitUntil([&] { return !world_.tool.commands().isEmpty(); }));
+    for (int i = 0; i < 3; ++i)
+        requestPanel();
+    EXPECT_EQ(app.daemon().get(), controller);
+    // Each controller asks for the status when it is made.
+    test::runEventLoopFor(std::chrono::milliseconds(300));
+    EXPECT_EQ(world_.tool.commands().count(QStringList{u"status"_s, u"--json"_s}), 1);
+}
+
+TEST_F(TarnwickAppTest, TheControllerGoesWithTheProgram) {
+    std::weak_ptr<DaemonManager> controller;
+    {
+        const TarnwickApp app(socket_, world_.options());
+        controller = app.daemon();
+        requestPanel();
+    }
+    EXPECT_TRUE(controller.expired());
+}
+
+TEST_F(TarnwickAppTest, NoWindowShowsBeforeOneIsAskedFor) {
+    const TarnwickApp app(socket_, world_.options());
+    test::runEventLoopFor(std::chrono::milliseconds(200));
+    EXPECT_TRUE(QApplication::topLevelWidgets().isEmpty());
+    requestPanel();
+    EXPECT_TRUE(waitUntil([] { return !QApplication::topLevelWidgets().isEmpty(); }));
+}
+
+} // namespace tarnwick
