@@ -38,8 +38,11 @@ PanelPresenter::~PanelPresenter() = default;
 MenuBarView& PanelPresenter::panel() {
     if (!panel_) {
         panel_ = makePanel_();
-        QObject::connect(panel_.get(), &MenuBarView::dismissedByDeactivation, this,
-                         [this] { sinceDismissal_.start(); });
+        QObject::connect(panel_.get(), &MenuBarView::dismissedByDeactivation, this, [this] {
+            // Hiding it takes the focus from it too.
+            if (!panel_->isHidden())
+                sinceDismissal_.start();
+        });
     }
     return *panel_;
 }

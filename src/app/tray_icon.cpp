@@ -14,7 +14,9 @@ TrayIcon::TrayIcon(const Platform& platform) {
         makeMenu();
     QObject::connect(&icon_, &QSystemTrayIcon::activated, this,
                      [this](QSystemTrayIcon::ActivationReason reason) {
-                         if (reason == QSystemTrayIcon::Trigger)
+                         // The second of two quick clicks is not told twice.
+                         if (reason == QSystemTrayIcon::Trigger ||
+                             reason == QSystemTrayIcon::DoubleClick)
                              Q_EMIT clicked();
                      });
     icon_.show();

@@ -243,14 +243,18 @@ class Desktop:
 
     def windows(self, process):
         """The visible windows of a process, by their X ids."""
-        found = {}
-        for window in self.run("xdotool", "search", "--onlyvisible", "--pid", process.pid,
-                               "").split():
-            geometry = dict(line.split("=") for line in self.run(
-                "xdotool", "getwindowgeometry", "--shell", window).split() if "=" in line)
-            if "WIDTH" in geometry:
-                found[window] = Rect(*(int(geometry[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")))
-        return found
+        windows = self.run("xdotool", "search", "--all", "--onlyvisible", "--pid", process.pid,
+                           "--name", "").split()
+        found = {window: self.geometry(window) for window in windows}
+        return {window: rect for window, rect in found.items() if rect}
+
+    def geometry(self, window):
+        """Where a window is; None when it is gone."""
+        values = dict(line.split("=") for line in self.run(
+            "xdotool", "getwindowgeometry", "--shell", window).split() if "=" in line)
+        if "WIDTH" not in values:
+            return None
+        return Rect(*(int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")))
 
     def _window(self, process, condition):
         return next((rect for rect in self.windows(process).values() if condition(rect)), None)
@@ -276,6 +280,16 @@ class Desktop:
 
     def wait_for_no_panel(self, process, seconds=TIME_LIMIT):
         wait_until(lambda: self.panel(process) is None, "the panel to close", seconds)
+
+    def open_window(self, rect):
+        """Opens a window of another program there; returns its process, its X id and its place."""
+        def ids():
+            return self.run("xdotool", "search", "--onlyvisible", "--class", "Xmessage").split()
+        known = ids()
+        process = self.start("xmessage", "-geometry",
+                             f"{rect.width}x{rect.height}+{rect.x}+{rect.y}", "another window")
+        window = wait_until(lambda: next(iter(set(ids()) - set(known)), None), "another window")
+        return process, window, self.geometry(window)
 
     def active_window(self):
         """The X id of the window that has the focus; "" when none has."""

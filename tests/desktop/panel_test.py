@@ -39,16 +39,10 @@ class PanelOpensAndCloses(unittest.TestCase):
         self.desktop.wait_for_no_panel(self.client)
 
     def test_a_click_elsewhere_closes_it(self):
-        window = self.desktop.start("xmessage", "-geometry", "300x100+100+500", "elsewhere")
+        window, _, rect = self.desktop.open_window(Rect(100, 500, 300, 100))
         self.addCleanup(window.stop)
-        rect = self.wait_for_window(window)
         self.desktop.click(rect.center)
         self.desktop.wait_for_no_panel(self.client)
-
-    def wait_for_window(self, process):
-        from desktop import wait_until
-        return wait_until(lambda: next(iter(self.desktop.windows(process).values()), None),
-                          "a window")
 
     def test_it_has_the_focus(self):
         self.assertIn(self.desktop.active_window(), self.desktop.windows(self.client))

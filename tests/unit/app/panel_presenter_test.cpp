@@ -58,6 +58,15 @@ TEST_F(PanelPresenterTest, TheClickThatTookTheFocusDoesNotOpenItAgain) {
     EXPECT_TRUE(presenter_.isOpen());
 }
 
+TEST_F(PanelPresenterTest, AClickRightAfterAnyOtherWayOfClosingOpensIt) {
+    presenter_.toggle(icon_);
+    QObject::connect(panel_, &MenuBarView::closed, panel_,
+                     [this] { Q_EMIT panel_->dismissedByDeactivation(); });
+    panel_->hide();
+    presenter_.toggle(icon_);
+    EXPECT_TRUE(presenter_.isOpen());
+}
+
 TEST_F(PanelPresenterTest, OpeningAnOpenPanelLeavesItOpen) {
     presenter_.open(icon_);
     presenter_.open(icon_);

@@ -1,0 +1,138 @@
+# SPDX-License-Identifier: MIT
+"""The icon comes with whatever status area there is, whenever that comes."""
+
+import unittest
+
+from desktop import Desktop, Rect, stays, wait_until
+from status_notifier_host import StatusNotifierHost
+
+MENU = {"Open Tarnwick Network", "Quit Tarnwick Network"}
+
+
+class XTray(unittest.TestCase):
+    def test_one_that_starts_late_gets_the_icon(self):
+        with Desktop() as desktop:
+            client = desktop.start_client()
+            self.assertTrue(stays(lambda: not desktop.windows(client), 2.0))
+            desktop.start_tray()
+            desktop.wait_for_icon(client)
+
+    def test_one_that_restarts_gets_the_icon_again(self):
+        with Desktop(tray="top") as desktop:
+            client = desktop.start_client()
+            for _ in range(3):
+                desktop.wait_for_icon(client)
+                desktop.stop_tray()
+                wait_until(lambda: desktop.icon(client) is None, "the icon to go")
+                desktop.start_tray()
+            icon = desktop.wait_for_icon(client)
+            desktop.click(icon.center)
+            desktop.wait_for_panel(client)
+
+    def test_it_is_legible_on_dark_and_on_light(self):
+        for tint in ("0x202020", "0xf4f4f4"):
+            with self.subTest(tint=tint), Desktop() as desktop:
+                desktop.start_tray(tint=tint)
+                client = desktop.start_client()
+                darkest, lightest = desktop.brightness(desktop.wait_for_icon(client))
+                self.assertGreater(lightest - darkest, 0.6)
+
+    def test_its_menu_opens_the_panel_and_quits(self):
+        with Desktop(tray="top") as desktop:
+            client = desktop.start_client()
+            icon = desktop.wait_for_icon(client)
+            desktop.click(icon.center, button=3)
+            desktop.key("Down", "Return")
+            desktop.wait_for_panel(client)
+            desktop.key("Escape")
+            desktop.wait_for_no_panel(client)
+            desktop.click(icon.center, button=3)
+            desktop.key("Down", "Down", "Return")
+            self.assertEqual(client.wait(5), 0)
+
+    def test_it_comes_without_a_session_bus(self):
+        with Desktop(tray="top", session_bus=False) as desktop:
+            desktop.wait_for_icon(desktop.start_client())
+
+
+class NotifierHost(unittest.TestCase):
+    def setUp(self):
+        self.desktop = self.enterContext(Desktop())
+        self.address = self.desktop.environment["DBUS_SESSION_BUS_ADDRESS"]
+
+    def test_one_that_is_there_gets_the_icon_and_its_clicks(self):
+        with StatusNotifierHost(self.address) as host:
+            client = self.desktop.start_client()
+            host.wait_for_item()
+            self.assertEqual(host.property("Title"), "Tarnwick Network")
+            self.assertEqual(set(host.menu()) - {""}, MENU)
+            self.desktop.move_mouse((640, 8))
+            host.activate((640, 8))
+            panel = self.desktop.wait_for_panel(client)
+            self.assertTrue(Rect(0, 0, 1280, 800).contains(panel))
+            self.assertGreater(panel.y, 8)
+            self.assertLess(panel.y, 40)
+            host.activate((640, 8))
+            self.desktop.wait_for_no_panel(client)
+            host.choose("Quit Tarnwick Network")
+            self.assertEqual(client.wait(5), 0)
+
+    def test_one_that_starts_late_gets_the_icon(self):
+        self.desktop.start_client()
+        self.assertTrue(stays(lambda: True, 1.0))
+        with StatusNotifierHost(self.address) as host:
+            host.wait_for_item()
+
+    def test_a_registry_whose_host_comes_late_gets_the_icon(self):
+        with StatusNotifierHost(self.address, has_host=False) as host:
+            self.desktop.start_client()
+            self.assertTrue(stays(lambda: not host.items, 1.5))
+            host.add_host()
+            host.wait_for_item()
+
+    def test_one_that_restarts_gets_the_icon_again(self):
+        client = self.desktop.start_client()
+        for _ in range(3):
+            with StatusNotifierHost(self.address) as host:
+                host.wait_for_item()
+                host.activate()
+                self.desktop.wait_for_panel(client)
+                host.activate()
+                self.desktop.wait_for_no_panel(client)
+
+    def test_it_comes_before_an_x_tray_for_old_programs(self):
+        self.desktop.start_tray()
+        with StatusNotifierHost(self.address) as host:
+            client = self.desktop.start_client()
+            host.wait_for_item()
+            self.assertIsNone(self.desktop.icon(client))
+
+    def test_pictures_go_with_the_icon(self):
+        with StatusNotifierHost(self.address) as host:
+            self.desktop.start_client()
+            host.wait_for_item()
+            widths = {width for width, _, _ in host.property("IconPixmap")}
+            self.assertIn(22, widths)
+
+    def test_an_installed_symbolic_icon_is_named_to_the_host(self):
+        theme = self.desktop.home / ".local/share/icons/hicolor/symbolic/apps"
+        theme.mkdir(parents=True)
+        (theme / "tarnwick-client-symbolic.svg").write_text(
+            '<svg xmlns="http://www.w3.org/2000/svg" width="16" height="16"/>', encoding="utf-8")
+        with StatusNotifierHost(self.address) as host:
+            self.desktop.start_client()
+            host.wait_for_item()
+            self.assertEqual(host.property("IconName"), "tarnwick-client-symbolic")
+
+
+class NoStatusArea(unittest.TestCase):
+    def test_the_program_runs_and_shows_nothing(self):
+        with Desktop() as desktop:
+            client = desktop.start_client()
+            self.assertTrue(stays(lambda: client.is_running() and not desktop.windows(client), 2.0))
+            self.assertEqual(client.output(), "")
+            self.assertEqual(client.stop(), 0)
+
+
+if __name__ == "__main__":
+    unittest.main()
