@@ -24,11 +24,6 @@ namespace {
 constexpr int refusedStatus = 2;
 constexpr std::chrono::seconds launchPatience{3};
 
-void nameApplication() {
-    QCoreApplication::setApplicationName(u"tarnwick-client"_s);
-    QCoreApplication::setApplicationVersion(versionCompiledIn({}));
-}
-
 int runSecondLaunch(int argc, char** argv, const QString& socket) {
     const QCoreApplication application(argc, argv);
     const QByteArray token = qgetenv("XDG_ACTIVATION_TOKEN");
@@ -53,7 +48,8 @@ int runApplication(int argc, char** argv) {
 
     QApplication application(count, arguments.data());
     QApplication::setQuitOnLastWindowClosed(false);
-    QGuiApplication::setApplicationDisplayName(u"Tarnwick Network"_s);
+    // What status areas and screen readers call it.
+    QCoreApplication::setApplicationName(u"Tarnwick Network"_s);
     QGuiApplication::setDesktopFileName(u"tarnwick-client"_s);
     const TarnwickApp app(paths.socket);
     return QApplication::exec();
@@ -70,7 +66,6 @@ int runProgram(int argc, char** argv) {
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
-    nameApplication();
     const CommandLineOptions options = CommandLineOptions::parse(arguments);
     switch (options.action) {
     case CommandLineOptions::Action::Run:
@@ -79,7 +74,7 @@ int runProgram(int argc, char** argv) {
         std::fputs(qPrintable(CommandLineOptions::helpText()), stdout);
         return 0;
     case CommandLineOptions::Action::ShowVersion:
-        std::printf("tarnwick-client %s\n", qPrintable(QCoreApplication::applicationVersion()));
+        std::printf("tarnwick-client %s\n", qPrintable(versionCompiledIn({})));
         return 0;
     case CommandLineOptions::Action::InstallDaemon:
         return runInstallation(argc, argv);
