@@ -76,7 +76,7 @@ TEST(MenuBarIcon, TheEmbeddedPngHasExactlyTheChunksItNeeds) {
     const QByteArray png = embeddedPng();
     EXPECT_EQ(chunkNames(png), QStringList({u"IHDR"_s, u"bKGD"_s, u"IDAT"_s, u"IEND"_s}));
     EXPECT_EQ(png.mid(24, 5).toHex(), QByteArray("0806000000"));   // 8 bits, RGBA, not interlaced
-    EXPECT_EQ(png.mid(41, 6).toHex(), QByteArray("ffffffffffff")); // bKGD: white
+    EXPECT_EQ(png.mid(41, 6).toHex(), QByteArray("00ff00ff00ff")); // bKGD: white
 }
 
 TEST(MenuBarIcon, TheEmbeddedPictureIsALightGreyGlyphOnNothing) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <ostream>
+#include <string>
 
 namespace tarnwick {
 
@@ -28,6 +29,10 @@ void PrintTo(const Case& c, std::ostream* out) {
 
 class PanelPlacementTest : public testing::TestWithParam<Case> {};
 
+std::string nameOfCase(const testing::TestParamInfo<Case>& tested) {
+    return tested.param.name;
+}
+
 bool leavesIconFree(const PanelPlacement& placement, const QSize& size) {
     return !QRect(placement.position(size), size).intersects(placement.icon);
 }
@@ -51,7 +56,7 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"Bottom", {{1000, 775, 24, 24}, screen, {0, 0, 1280, 774}}, Edge::Bottom, {861, 374}},
         Case{"Left", {{1, 300, 24, 24}, screen, {26, 0, 1254, 800}}, Edge::Left, {26, 111}},
         Case{"Right", {{1255, 790, 24, 10}, screen, {0, 0, 1254, 800}}, Edge::Right, {954, 400}}),
-    [](const auto& info) { return std::string(info.param.name); });
+    nameOfCase);
 
 INSTANTIATE_TEST_SUITE_P(
     StatusAreasThatReserveNoRoom, PanelPlacementTest,
@@ -62,7 +67,7 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"Right", {{1256, 300, 24, 24}, screen, screen}, Edge::Right, {956, 111}},
         Case{"TopRightCorner", {{1256, 0, 24, 24}, screen, screen}, Edge::Top, {980, 24}},
         Case{"BottomLeftCorner", {{0, 776, 24, 24}, screen, screen}, Edge::Bottom, {0, 376}}),
-    [](const auto& info) { return std::string(info.param.name); });
+    nameOfCase);
 
 INSTANTIATE_TEST_SUITE_P(
     SeveralScreens, PanelPlacementTest,
@@ -83,7 +88,7 @@ INSTANTIATE_TEST_SUITE_P(
              {{-1920, -600, 24, 24}, {-1920, -1080, 1920, 1080}, {-1896, -1080, 1896, 1080}},
              Edge::Left,
              {-1896, -789}}),
-    [](const auto& info) { return std::string(info.param.name); });
+    nameOfCase);
 
 TEST(PanelPlacement, StaysOnItsScreenWhenTheWorkAreaReachesOver) {
     const PanelPlacement placement{{1250, 0, 24, 24}, screen, {0, 26, 3200, 774}};
