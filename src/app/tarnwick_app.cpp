@@ -3,6 +3,8 @@
 
 #include "app/network_glyph_icon.h"
 #include "platform/service_addresses.h"
+#include "ui/update_alert.h"
+#include "update/update_dialog.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -46,6 +48,12 @@ PanelCalls TarnwickApp::panelCalls() {
     calls.disconnect = [this] {
         daemon_->disconnect();
     };
+    calls.showAuthKeyWindow = [this] {
+        authKeyWindow_.show(daemon_);
+    };
+    calls.checkForUpdates = [this] {
+        checkForUpdates();
+    };
     calls.refresh = [this] {
         daemon_->refreshStatus();
     };
@@ -58,6 +66,20 @@ PanelCalls TarnwickApp::panelCalls() {
         QCoreApplication::quit();
     };
     return calls;
+}
+
+void TarnwickApp::checkForUpdates() {
+    if (!updates_) {
+        updates_ = std::make_unique<UpdateService>(UpdateServiceOptions{
+            UpdateService::manifestURL(),
+            UpdateService::installedVersion(platform_, DaemonManagerOptions::executableDir())});
+    }
+    updates_->check([this](const UpdateCheckResult& result) {
+        const auto dialog = UpdateDialog::forResult(result, UpdateService::downloadPageURL());
+        auto* alert = new UpdateAlert(dialog, &QDesktopServices::openUrl);
+        QObject::connect(this, &QObject::destroyed, alert, [alert] { delete alert; });
+        alert->present();
+    });
 }
 
 void TarnwickApp::showIcon() {

@@ -8,6 +8,8 @@
 #include "app/tray_icon.h"
 #include "app/wake_up.h"
 #include "daemon/daemon_manager.h"
+#include "ui/auth_key_window.h"
+#include "update/update_service.h"
 
 #include <memory>
 #include <optional>
@@ -30,6 +32,7 @@ public:
 private:
     std::unique_ptr<MenuBarView> makePanel();
     PanelCalls panelCalls();
+    void checkForUpdates();
     void showIcon();
     void showOnRequest(const QByteArray& activationToken);
     std::optional<QRect> iconGeometry() const;
@@ -39,6 +42,8 @@ private:
     TerminationSignals signals_;
     WakeUp wakeUp_;
     LaunchChannel launches_;
+    AuthKeyWindow authKeyWindow_;
+    std::unique_ptr<UpdateService> updates_; ///< Null until the first check.
     PanelPresenter presenter_;
     StatusArea statusArea_;
     std::unique_ptr<TrayIcon> icon_; ///< Null until there is a status area.
