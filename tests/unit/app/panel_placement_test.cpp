@@ -87,7 +87,7 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"LeftAndAboveThePrimary",
              {{-1920, -600, 24, 24}, {-1920, -1080, 1920, 1080}, {-1896, -1080, 1896, 1080}},
              Edge::Left,
-             {-1896, -789}}),
+             {-1896, -788}}),
     nameOfCase);
 
 TEST(PanelPlacement, StaysOnItsScreenWhenTheWorkAreaReachesOver) {
