@@ -10,8 +10,9 @@ namespace tarnwick {
 namespace {
 
 /// Longest time between the press that takes the focus from the panel and the click that it ends
-/// as, in milliseconds.
-constexpr qint64 longestClick = 400;
+/// as, and how far the mouse moves meanwhile at most, in device-independent pixels.
+constexpr std::chrono::milliseconds longestClick{500};
+constexpr int sameSpot = 16;
 
 /// Height that a window manager's title bar and borders take at most, in device-independent pixels.
 constexpr int titleBarAllowance = 48;
@@ -41,7 +42,7 @@ MenuBarView& PanelPresenter::panel() {
         QObject::connect(panel_.get(), &MenuBarView::dismissedByDeactivation, this, [this] {
             // Hiding it takes the focus from it too.
             if (!panel_->isHidden())
-                sinceDismissal_.start();
+                dismissal_ = {QCursor::pos(), QDeadlineTimer(longestClick)};
         });
     }
     return *panel_;
@@ -50,8 +51,9 @@ MenuBarView& PanelPresenter::panel() {
 void PanelPresenter::toggle(const std::optional<QRect>& icon) {
     // The click that is to close the panel has closed it already, by taking the focus from it.
     const bool closedByThisClick =
-        sinceDismissal_.isValid() && sinceDismissal_.elapsed() < longestClick;
-    sinceDismissal_.invalidate();
+        dismissal_ && !dismissal_->longestClick.hasExpired() &&
+        (QCursor::pos() - dismissal_->cursor).manhattanLength() < sameSpot;
+    dismissal_.reset();
     if (isOpen())
         panel_->close();
     else if (!closedByThisClick)

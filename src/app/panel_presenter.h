@@ -4,7 +4,7 @@
 #include "app/panel_placement.h"
 #include "ui/menu_bar_view.h"
 
-#include <QElapsedTimer>
+#include <QDeadlineTimer>
 #include <QObject>
 
 #include <functional>
@@ -37,11 +37,17 @@ public:
     bool isOpen() const { return panel_ && panel_->isVisible(); }
 
 private:
+    /// The panel lost the focus and closed, perhaps by a press that is about to become a click.
+    struct Dismissal {
+        QPoint cursor;
+        QDeadlineTimer longestClick;
+    };
+
     MenuBarView& panel();
 
     MakePanel makePanel_;
     std::unique_ptr<MenuBarView> panel_;
-    QElapsedTimer sinceDismissal_; ///< Invalid unless the panel was closed by a click elsewhere.
+    std::optional<Dismissal> dismissal_; ///< The last one, until the next click on the icon.
 };
 
 } // namespace tarnwick

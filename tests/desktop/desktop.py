@@ -281,6 +281,11 @@ class Desktop:
     def wait_for_no_panel(self, process, seconds=TIME_LIMIT):
         wait_until(lambda: self.panel(process) is None, "the panel to close", seconds)
 
+    def wait_for_menu(self, process, seconds=TIME_LIMIT):
+        """The icon's context menu."""
+        return wait_until(lambda: self._window(process, lambda rect: 64 < rect.width < PANEL_WIDTH),
+                          "the menu", seconds)
+
     def open_window(self, rect):
         """Opens a window of another program there; returns its process, its X id and its place."""
         def ids():

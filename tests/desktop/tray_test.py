@@ -42,11 +42,13 @@ class XTray(unittest.TestCase):
             client = desktop.start_client()
             icon = desktop.wait_for_icon(client)
             desktop.click(icon.center, button=3)
+            desktop.wait_for_menu(client)
             desktop.key("Down", "Return")
             desktop.wait_for_panel(client)
             desktop.key("Escape")
             desktop.wait_for_no_panel(client)
             desktop.click(icon.center, button=3)
+            desktop.wait_for_menu(client)
             desktop.key("Down", "Down", "Return")
             self.assertEqual(client.wait(5), 0)
 
