@@ -11,6 +11,7 @@ import re
 import subprocess
 import sys
 
+ROOT = pathlib.Path(__file__).resolve().parent.parent
 NEEDED = {
     "/etc/xdg/autostart/tarnwick-client.desktop",
     "/usr/bin/tarnwick-client",
@@ -55,6 +56,9 @@ def main(package, tree, build):
                             text=True, check=True).stdout
     depends = {field.split()[0] for field in fields.split(",")}
     problems += [f"does not depend on {name}" for name in sorted(LIBRARIES - depends)]
+    name = pathlib.Path(package).name
+    if name.endswith("_amd64.deb") and f"/{name}\n" not in (ROOT / "README.md").read_text():
+        problems.append(f"is called {name}, but not in README.md")
     if problems:
         raise SystemExit("\n".join(f"package: {problem}" for problem in problems))
     size = pathlib.Path(package).stat().st_size
