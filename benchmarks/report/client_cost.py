@@ -116,7 +116,7 @@ class ClientCost:
         a_poll = used[client.pid] / self._polls * 1000
         of_loop = used[loop.pid] / self._polls * 1000
         per_minute = 60 / (self._polls * POLL_INTERVAL)
-        total, idle = counts[client.pid].total(), counts[client.pid].without_child()
+        total, idle = counts[client.pid].total(), counts[client.pid].beside(self._polls)
         return [
             Figure("CPU a poll, children's not counted", a_poll, "ms", 2.0),
             Figure("CPU a poll : shell loop's own", a_poll / of_loop, "x", 1.0,

@@ -40,31 +40,34 @@ def wake_ups(pid):
                if line.startswith("voluntary_ctxt_switches:"))
 
 
-def has_child(pid):
-    """Whether a child of it runs, or has ended and was not yet looked at."""
-    return any(_read(task / "children").strip() for task in _tasks(pid))
-
-
 class WakeUpCount:
-    """Counts the wake-ups of a process, and those among them that no child explains."""
+    """Counts the wake-ups of a process, and those among them that belong to no poll."""
 
     STEP = 0.02
-    MARGIN = 0.15  # around a child's life: the work to start it and to publish what it said
+    POLL = 0.7  # a poll is over after one look at the tool's end and some work
+    QUIET = 1.0  # parts one burst of wake-ups from the next
 
     def __init__(self, pid):
         self._pid = pid
-        self._samples = []
+        self._last = wake_ups(pid)
+        self._wakes = []  # (when, how many)
 
     def sample(self):
-        self._samples.append((time.monotonic(), wake_ups(self._pid), has_child(self._pid)))
+        now = wake_ups(self._pid)
+        if now != self._last:
+            self._wakes.append((time.monotonic(), now - self._last))
+        self._last = now
 
     def total(self):
-        return self._samples[-1][1] - self._samples[0][1]
+        return sum(count for _, count in self._wakes)
 
-    def without_child(self):
-        busy = [moment for moment, _, child in self._samples if child]
-        count = 0
-        for (_, before, _), (moment, after, _) in zip(self._samples, self._samples[1:]):
-            if not any(abs(moment - other) < self.MARGIN for other in busy):
-                count += after - before
-        return count
+    def beside(self, polls):
+        """Those outside that many bursts, the largest ones."""
+        bursts, last = [], 0.0
+        for when, count in self._wakes:
+            if when - last > self.QUIET:
+                bursts.append([when, 0])
+            if when - bursts[-1][0] < self.POLL:
+                bursts[-1][1] += count
+            last = when
+        return self.total() - sum(sorted((count for _, count in bursts), reverse=True)[:polls])

@@ -10,6 +10,7 @@ import tempfile
 import time
 
 PATIENCE = 20.0
+TRAY_HEIGHT = 28
 
 # No service is started by its name: what a program finds on its bus is the same on every machine.
 BUS = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
@@ -71,12 +72,15 @@ class VirtualDesktop:
         wait_for(lambda: "window id" in self._output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
                  "the window manager")
         self.start("trayer", "--edge", "top", "--align", "right", "--widthtype", "request",
-                   "--height", "28")
+                   "--height", str(TRAY_HEIGHT))
         self.tray = wait_for(self._find_tray, "the tray")
 
     def _find_tray(self):
-        found = self.xdotool("search", "--onlyvisible", "--class", "trayer").split()
-        return found[0] if found else None
+        """Its window, which may be hidden while there is nothing in it."""
+        for window in self.xdotool("search", "--class", "trayer").split():
+            if f"HEIGHT={TRAY_HEIGHT}\n" in self.xdotool("getwindowgeometry", "--shell", window):
+                return window
+        return None
 
     def _output(self, *command):
         return subprocess.run(command, env=self.environment, capture_output=True, text=True,

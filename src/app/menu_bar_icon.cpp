@@ -16,10 +16,11 @@ namespace {
 
 constexpr QSize displaySize{18, 18};
 
+// Naming the format keeps Qt from loading every image plug-in to ask it.
 QPixmap decodedPicture(const QByteArray& text) {
     const auto bytes =
         QByteArray::fromBase64Encoding(text, QByteArray::AbortOnBase64DecodingErrors);
-    const QImage image = bytes ? QImage::fromData(bytes.decoded) : QImage();
+    const QImage image = bytes ? QImage::fromData(bytes.decoded, "PNG") : QImage();
     if (image.isNull())
         return {};
     QPixmap pixmap = QPixmap::fromImage(image);

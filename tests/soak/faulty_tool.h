@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QTemporaryDir>
+
+#include <random>
+
+namespace tarnwick::soak {
+
+/// The tool that the client runs, in a directory of its own, and what becomes of it at random.
+class FaultyTool {
+public:
+    explicit FaultyTool(unsigned seed);
+
+    QString directory() const { return directory_.path(); }
+
+    /// Chooses what the next run meets: most often a good answer, else one of the faults.
+    void disturb();
+
+    /// Answers well from now on, with a network of so many devices.
+    void answerWell(int devices);
+
+    /// What it is up to now, for a report.
+    const QByteArray& condition() const { return condition_; }
+
+private:
+    void write(const char* name, const QByteArray& content) const;
+    void repair();
+    QString path() const;
+
+    QTemporaryDir directory_;
+    std::mt19937 random_;
+    QByteArray condition_;
+};
+
+} // namespace tarnwick::soak

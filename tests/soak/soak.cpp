@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "soak.h"
+
+#include "ui/popover_row.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QTimer>
+
+namespace tarnwick::soak {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto patience = 60s;
+
+// The event loop as it is in the program, deferred deletions included.
+void runEventLoopFor(std::chrono::milliseconds duration) {
+    QEventLoop loop;
+    QTimer::singleShot(duration, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+Timing shortTiming() {
+    return {
+        .statusPollInterval = 24h,
+        .profileRefreshInterval = 0ms,
+        .commandTimeout = 400ms,
+        .pollStep = 1ms,
+    };
+}
+
+} // namespace
+
+Soak::Soak(unsigned seed) : tool_(seed) {
+    DaemonManagerOptions options;
+    options.platform.systemSocket = home_.filePath(u"no-socket"_s);
+    options.platform.installDir = home_.filePath(u"nothing-installed"_s);
+    options.timing = shortTiming();
+    options.bundleDir = tool_.directory();
+    options.homeDir = home_.path();
+    options.settings =
+        std::make_unique<QSettings>(home_.filePath(u"client.conf"_s), QSettings::IniFormat);
+    daemon_ = DaemonManager::create(std::move(options));
+    panel_ = std::make_unique<MenuBarView>(daemon_, PanelCalls());
+    runEventLoopFor(100ms); // the controller's own first refresh
+}
+
+Soak::~Soak() = default;
+
+bool Soak::refreshOnce() {
+    bool isOver = false;
+    QEventLoop loop;
+    daemon_->refreshStatus(false, [&] {
+        isOver = true;
+        loop.quit();
+    });
+    QTimer::singleShot(patience, &loop, &QEventLoop::quit);
+    loop.exec();
+    return isOver;
+}
+
+bool Soak::showsConnected(int devices) const {
+    return daemon_->isConnected() && daemon_->devices().size() == devices &&
+           daemon_->profiles().size() == 1 + devices % 7;
+}
+
+// A good answer may be late on a busy machine, which then counts as none.
+bool Soak::recovers(int devices) {
+    tool_.answerWell(devices);
+    for (int attempt = 0; attempt < 10; ++attempt)
+        if (refreshOnce() && showsConnected(devices))
+            return true;
+    return false;
+}
+
+bool Soak::refresh() {
+    tool_.disturb();
+    ++conditions_[tool_.condition()];
+    if (!refreshOnce())
+        return false;
+    return (tool_.condition() == "good" && daemon_->isConnected()) || recovers(12);
+}
+
+bool Soak::openAndClose() {
+    panel_->openAt({20, 20});
+    runEventLoopFor(2ms);
+    bool opened = panel_->isVisible();
+    for (PopoverRow* row : panel_->findChildren<PopoverRow*>()) {
+        if (!row->isVisible())
+            continue;
+        row->setPopoverPresented(true);
+        runEventLoopFor(2ms);
+        opened = opened && row->popover() != nullptr && row->popover()->isVisible();
+        row->setPopoverPresented(false);
+    }
+    panel_->hide();
+    runEventLoopFor(1ms);
+    return opened;
+}
+
+ProcessUsage Soak::usageAtRest() {
+    runEventLoopFor(1500ms); // the most stubborn tool has ended
+    recovers(12);            // and is reaped by the next run
+    runEventLoopFor(100ms);
+    return ProcessUsage::now();
+}
+
+} // namespace tarnwick::soak

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "faulty_tool.h"
+#include "process_usage.h"
+#include "ui/menu_bar_view.h"
+
+#include <QMap>
+#include <QTemporaryDir>
+
+#include <memory>
+
+namespace tarnwick::soak {
+
+/// A controller and a panel that live through many refreshes and openings.
+class Soak {
+public:
+    explicit Soak(unsigned seed);
+    ~Soak();
+
+    /// One refresh of whatever the tool is up to, and a good one after a bad one. False when the
+    /// client does not show what the tool said.
+    bool refresh();
+
+    /// Opens the panel and its popovers and closes them again; false when one does not open.
+    bool openAndClose();
+
+    /// Once nothing is under way any more.
+    ProcessUsage usageAtRest();
+
+    /// How often the tool was in which condition.
+    const QMap<QByteArray, int>& conditions() const { return conditions_; }
+
+private:
+    bool refreshOnce();
+    bool recovers(int devices);
+    bool showsConnected(int devices) const;
+
+    FaultyTool tool_;
+    QTemporaryDir home_;
+    std::shared_ptr<DaemonManager> daemon_;
+    std::unique_ptr<MenuBarView> panel_;
+    QMap<QByteArray, int> conditions_;
+};
+
+} // namespace tarnwick::soak
