@@ -46,3 +46,21 @@ def core_figures(path, repetitions=11):
                f"{decode[10000] / 1000:.1f} : {alone / 1000:.1f} ms"),
         Figure("10,000 profile lines", profiles / 1000, "ms", None, "parsed"),
     ]
+
+
+def panel_figures(path, environment, repetitions=11):
+    program = Program(path, repetitions, environment)
+    again, window, few, many, popover = (
+        program.time(f"{name}/manual_time", "real_time") / 1000
+        for name in ("openPanelAgain", "openWindowOfThatSize", "openDevices/10",
+                     "openDevices/1000", "openWindowOfPopoverSize"))
+    return [
+        Figure("panel, opened the second time, to its first frame", again, "ms", 50,
+               "from the call that a click makes"),
+        Figure("the same : an empty window of its size", again / window, "x", None,
+               f"{again:.1f} : {window:.1f} ms"),
+        Figure("popover of 1,000 devices, to its first frame", many, "ms", 100,
+               f"{few:.1f} ms with 10 devices"),
+        Figure("the same : an empty window of its size", many / popover, "x", None,
+               f"{many:.1f} : {popover:.1f} ms"),
+    ]
