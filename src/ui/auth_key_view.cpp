@@ -3,7 +3,7 @@
 
 #include "model/host_name.h"
 #include "ui/connection_wait.h"
-#include "ui/prominent_button.h"
+#include "ui/form_button.h"
 #include "ui/rounded_field.h"
 #include "ui/scrolling_text.h"
 
@@ -37,8 +37,8 @@ AuthKeyView::AuthKeyView(std::shared_ptr<DaemonManager> daemon, AuthKeyViewOptio
     : QWidget(parent), daemon_(std::move(daemon)), options_(std::move(options)),
       deviceName_(new RoundedField(this)), authKey_(new RoundedField(this)),
       error_(new ScrollingText({TextStyle::Caption}, ThemeColor::Red, this)),
-      cancelButton_(new QPushButton(u"Cancel"_s, this)),
-      connectButton_(new ProminentButton(u"Connect"_s, this)) {
+      cancelButton_(new FormButton(u"Cancel"_s, FormButton::Prominence::Plain, this)),
+      connectButton_(new FormButton(u"Connect"_s, FormButton::Prominence::Prominent, this)) {
     deviceName_->setText(sanitizeHostname(options_.computerName));
     layOut();
     cancelButton_->setShortcut(Qt::Key_Escape);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/update_alert.h"
 
-#include "ui/prominent_button.h"
+#include "ui/form_button.h"
 #include "ui/screen_center.h"
 #include "ui/scrolling_text.h"
 
@@ -77,8 +77,10 @@ QWidget* UpdateAlert::makeButtons(const QList<UpdateDialogButton>& buttons) {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addStretch();
     for (const UpdateDialogButton& description : buttons) {
-        auto* button = description.isDefault ? new ProminentButton(description.title, row)
-                                             : new QPushButton(description.title, row);
+        auto* button = new FormButton(description.title,
+                                      description.isDefault ? FormButton::Prominence::Prominent
+                                                            : FormButton::Prominence::Plain,
+                                      row);
         layout->addWidget(button);
         connect(button, &QPushButton::clicked, this, [this, page = description.opens] {
             const OpenPage openPage = std::exchange(openPage_, nullptr);

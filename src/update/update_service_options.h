@@ -13,7 +13,7 @@ struct UpdateServiceOptions {
     QUrl manifestURL;                          ///< Where the manifest is published.
     QString installed;                         ///< The running version.
     std::chrono::milliseconds timeLimit{8000}; ///< For the whole check, redirects included.
-    qsizetype bodyLimit = 1024 * 1024;         ///< Bytes of the body after unpacking.
+    qsizetype bodyLimit = 1 << 20;             ///< Bytes of the body after unpacking.
 };
 
 } // namespace tarnwick
