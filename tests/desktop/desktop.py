@@ -20,7 +20,8 @@ import subprocess
 import tempfile
 import time
 
-BIN_DIR = pathlib.Path(os.environ.get("TARNWICK_BIN_DIR", "build/debug/bin")).resolve()
+SOURCE = pathlib.Path(__file__).resolve().parents[2]
+BIN_DIR = pathlib.Path(os.environ.get("TARNWICK_BIN_DIR", SOURCE / "build/debug/bin")).resolve()
 TIME_LIMIT = 20.0
 PANEL_WIDTH = 300
 PARENT_DEATH_SIGNAL = 1  # PR_SET_PDEATHSIG
@@ -207,13 +208,23 @@ class Desktop:
             raise RuntimeError(self.processes[-1].output())
         return f":{number}"
 
-    def start_tray(self, edge="top", align="right", height=26, tint="0x202020"):
+    def start_tray(self, edge="top", align="right", height=26, tint="0x202020", screen=0):
         """Starts an X tray at that edge; it reserves its room, as panels do."""
         self.tray = self.start(
             "trayer", "--edge", edge, "--align", align, "--widthtype", "request", "--height",
             height, "--transparent", "true", "--alpha", 0, "--tint", tint, "--SetPartialStrut",
-            "true", "--SetDockType", "true", "--expand", "true")
+            "true", "--SetDockType", "true", "--expand", "true", "--monitor", screen)
         return self.tray
+
+    def split_screen(self):
+        """Makes two screens of one, side by side; returns them."""
+        whole = Rect(0, 0, *(int(part) for part in self._size.split("x")))
+        half = whole.width // 2
+        for name, left, output in (("left", 0, "screen"), ("right", half, "none")):
+            self.run("xrandr", "--setmonitor", name,
+                     f"{half}/200x{whole.height}/150+{left}+0", output, check=True)
+        wait_until(lambda: "Monitors: 2" in self.run("xrandr", "--listmonitors"), "two screens")
+        return Rect(0, 0, half, whole.height), Rect(half, 0, half, whole.height)
 
     def stop_tray(self):
         self.tray.stop()

@@ -1,0 +1,97 @@
+# SPDX-License-Identifier: MIT
+"""Waking from sleep, and state changes that must not be in the user's way."""
+
+import time
+import unittest
+
+from gi.repository import Gio, GLib
+
+from desktop import Desktop, Rect, stays, wait_until
+
+LOGIN = "org.freedesktop.login1"
+STATUS = "status --json"
+STOPPED = '{"BackendState": "Stopped"}'
+CONNECTED = ('{"BackendState": "Running", "Self": {"HostName": "box", "DNSName": "box.example.", '
+             '"TailscaleIPs": ["100.64.0.1"], "Online": true}, "Peer": {}}')
+
+
+class LoginManager:
+    """A stand-in for the system's log-in manager, which announces sleep and wake-up."""
+
+    def __init__(self, bus_address):
+        flags = Gio.DBusConnectionFlags
+        self._bus = Gio.DBusConnection.new_for_address_sync(
+            bus_address, flags.AUTHENTICATION_CLIENT | flags.MESSAGE_BUS_CONNECTION, None, None)
+        self._bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus",
+                            "org.freedesktop.DBus", "RequestName",
+                            GLib.Variant("(su)", (LOGIN, 0)), None, Gio.DBusCallFlags.NONE, 5000,
+                            None)
+
+    def announce(self, sleeping):
+        self._bus.emit_signal(None, "/org/freedesktop/login1", f"{LOGIN}.Manager",
+                              "PrepareForSleep", GLib.Variant("(b)", (sleeping,)))
+        self._bus.flush_sync(None)
+
+    def close(self):
+        self._bus.close_sync(None)
+
+
+class Stub(unittest.TestCase):
+    """A client whose tool prints what the test says and notes when it was called."""
+
+    def setUp(self):
+        self.desktop = self.enterContext(Desktop(tray="top"))
+        self.answer = self.desktop.directory / "answer"
+        self.answer.write_text(STOPPED)
+        self.calls_log = self.desktop.directory / "calls"
+        self.calls_log.touch()
+        self.program = self.desktop.copy_client(
+            f'#!/bin/sh\nshift\necho "$@" >>{self.calls_log}\ncat {self.answer}\n')
+
+    def status_calls(self):
+        return self.calls_log.read_text().splitlines().count(STATUS)
+
+    def wait_for_next_status(self):
+        seen = self.status_calls()
+        wait_until(lambda: self.status_calls() > seen, "a status")
+
+
+class WakeUp(Stub):
+    def check(self, start_manager_first):
+        address = self.desktop.environment["DBUS_SYSTEM_BUS_ADDRESS"]
+        manager = LoginManager(address) if start_manager_first else None
+        client = self.desktop.start_client(program=self.program)
+        self.desktop.wait_for_icon(client)
+        manager = manager or LoginManager(address)
+        self.addCleanup(manager.close)
+        # Just after a poll, the next is almost five seconds away.
+        self.wait_for_next_status()
+        time.sleep(0.7)
+        seen = self.status_calls()
+        manager.announce(True)
+        self.assertTrue(stays(lambda: self.status_calls() == seen, 0.5))
+        manager.announce(False)
+        wait_until(lambda: self.status_calls() == seen + 1, "a status", seconds=2.0)
+
+    def test_polling_goes_on_at_once(self):
+        self.check(start_manager_first=True)
+
+    def test_also_with_a_log_in_manager_that_comes_later(self):
+        self.check(start_manager_first=False)
+
+
+class NeverInTheWay(Stub):
+    def test_a_state_change_opens_nothing_and_takes_no_focus(self):
+        _, window, _ = self.desktop.open_window(Rect(100, 300, 300, 100))
+        self.desktop.run("xdotool", "windowactivate", "--sync", window)
+        client = self.desktop.start_client(program=self.program)
+        icon = self.desktop.wait_for_icon(client)
+        for answer in (CONNECTED, "error: no daemon", CONNECTED):
+            self.answer.write_text(answer)
+            self.wait_for_next_status()
+            self.assertTrue(stays(lambda: self.desktop.active_window() == window, 0.5))
+        self.assertEqual(list(self.desktop.windows(client).values()), [icon])
+
+
+if __name__ == "__main__":
+    unittest.main()

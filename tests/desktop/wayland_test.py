@@ -1,0 +1,63 @@
+# SPDX-License-Identifier: MIT
+"""Wayland sessions, with and without an X display beside them."""
+
+import unittest
+
+from desktop import Desktop, stays, wait_until
+from status_notifier_host import StatusNotifierHost
+
+
+class Wayland(unittest.TestCase):
+    def setUp(self):
+        self.desktop = self.enterContext(Desktop())
+        self.x_display = self.desktop.environment.pop("DISPLAY")
+        self.weston = self.desktop.start("weston", "--backend=headless-backend.so",
+                                         "--socket=wayland-test", "--idle-time=0", "--no-config")
+        wait_until((self.desktop.runtime / "wayland-test").exists, "weston")
+        self.desktop.environment["WAYLAND_DISPLAY"] = "wayland-test"
+
+    def start_client(self, **environment):
+        return self.desktop.start_client(environment={"WAYLAND_DEBUG": "client", **environment})
+
+    def test_the_program_runs_and_shows_its_icon_and_panel(self):
+        address = self.desktop.environment["DBUS_SESSION_BUS_ADDRESS"]
+        with StatusNotifierHost(address) as host:
+            client = self.start_client()
+            host.wait_for_item()
+            self.assertNotIn("set_title", client.output())
+            host.activate((10, 10))
+            wait_until(lambda: 'set_title("Tarnwick Network")' in client.output(), "the panel")
+            self.assertTrue(stays(client.is_running, 1.0))
+            host.activate((10, 10))
+            host.choose("Quit Tarnwick Network")
+            self.assertEqual(client.wait(5), 0)
+
+    def test_without_an_icon_a_second_launch_opens_the_panel(self):
+        client = self.start_client()
+        self.assertTrue(stays(client.is_running, 1.0))
+        second = self.desktop.start_client()
+        self.assertEqual(second.wait(10), 0)
+        wait_until(lambda: 'set_title("Tarnwick Network")' in client.output(), "the panel")
+        self.assertTrue(stays(client.is_running, 1.0))
+        self.assertEqual(client.stop(), 0)
+
+    def test_an_x_display_beside_it_is_used(self):
+        self.desktop.environment["DISPLAY"] = self.x_display
+        self.desktop.start_tray()
+        client = self.start_client()
+        self.desktop.wait_for_icon(client)
+        self.assertNotIn("wl_display", client.output())
+
+    def test_an_x_display_that_is_gone_is_not(self):
+        client = self.start_client(DISPLAY=":12345")
+        wait_until(lambda: "wl_display" in client.output(), "a connection to Wayland")
+        self.assertTrue(stays(client.is_running, 1.0))
+
+    def test_the_users_choice_comes_first(self):
+        self.desktop.environment["DISPLAY"] = self.x_display
+        client = self.start_client(QT_QPA_PLATFORM="wayland")
+        wait_until(lambda: "wl_display" in client.output(), "a connection to Wayland")
+
+
+if __name__ == "__main__":
+    unittest.main()
