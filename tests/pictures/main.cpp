@@ -3,6 +3,7 @@
 #include "scenes.h"
 #include "support/controller_world.h"
 #include "support/publishing.h"
+#include "window_pictures.h"
 
 #include <QApplication>
 #include <QDir>
@@ -38,7 +39,8 @@ bool paintAll(const QDir& folder, bool isDark, const QString& only) {
                                  .arg(panel.devicePixelRatioF());
         saved = image.save(folder.filePath(file)) && saved;
     }
-    return saved;
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+    return pictures::paintWindows(daemon, folder, isDark, only) && saved;
 }
 
 } // namespace
