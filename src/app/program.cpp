@@ -13,6 +13,7 @@
 #include <QApplication>
 
 #include <array>
+#include <csignal>
 #include <cstdio>
 
 namespace tarnwick {
@@ -66,6 +67,8 @@ int runProgram(int argc, char** argv) {
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
+    // A launcher that ignores it hands that on, and then how a child has ended is never known.
+    std::signal(SIGCHLD, SIG_DFL);
     const CommandLineOptions options = CommandLineOptions::parse(arguments);
     switch (options.action) {
     case CommandLineOptions::Action::Run:
