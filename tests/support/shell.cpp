@@ -56,4 +56,8 @@ int zombieCount() {
     return static_cast<int>(statesOfChildren().count("Z"));
 }
 
+bool runsUnderValgrind() {
+    return qgetenv("LD_PRELOAD").contains("vgpreload");
+}
+
 } // namespace tarnwick::test

@@ -22,4 +22,8 @@ int childCount();
 /// How many of them have ended and wait to be reaped.
 int zombieCount();
 
+/// Whether valgrind runs this process. It makes a fork of the vfork within posix_spawn(), so that
+/// why a program could not be started is never heard of.
+bool runsUnderValgrind();
+
 } // namespace tarnwick::test

@@ -2,6 +2,7 @@
 #include "daemon/daemon_manager.h"
 #include "support/controller_world.h"
 #include "support/printing.h"
+#include "support/shell.h"
 #include "support/waiting.h"
 
 #include <QDir>
@@ -101,6 +102,8 @@ TEST_P(BadToolTest, StatusReadsStoppedAndTheNextGoodAnswerPutsItRight) {
 }
 
 TEST_P(BadToolTest, CommandShowsItsOutputWhenThatTellsOfAnError) {
+    if (GetParam().spoil != nullptr && test::runsUnderValgrind())
+        GTEST_SKIP() << "valgrind hides why a program does not start";
     spoilTool();
     const auto manager = world_.create();
     ASSERT_TRUE(test::waitForRefresh(*manager));

@@ -44,6 +44,11 @@ protected:
         target.write(content);
     }
 
+    QByteArray content() const {
+        QFile source(file());
+        return source.open(QIODevice::ReadOnly) ? source.readAll() : QByteArray();
+    }
+
     QTemporaryDir home_;
 };
 
@@ -159,10 +164,9 @@ TEST_F(ProfileDetailsStoreTest, UnwritableDirectoryKeepsTheOldValueAndALaterSave
     auto running = store();
     EXPECT_EQ(running.load(), some);
     running.save(others);
-    if (geteuid() == 0)
-        EXPECT_EQ(store().load(), others) << "permissions do not bind the superuser";
-    else
-        EXPECT_EQ(store().load(), some);
+    // The file itself is looked at, for stores of one process share what is not written yet.
+    // Permissions do not bind the superuser.
+    EXPECT_EQ(content().contains("100.64.0.2"), geteuid() != 0);
     ASSERT_TRUE(QFile::setPermissions(home_.path(), readOnly | QFile::WriteOwner));
     running.save(others);
     EXPECT_EQ(store().load(), others);

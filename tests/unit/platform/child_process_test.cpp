@@ -68,6 +68,8 @@ TEST(ChildProcess, BrowserIsEchoWhateverItWasAndTheRestOfTheEnvironmentStays) {
 }
 
 TEST(ChildProcess, StartFailuresAreReported) {
+    if (test::runsUnderValgrind())
+        GTEST_SKIP() << "valgrind hides why a program does not start";
     const QTemporaryDir directory;
     const QString plain = directory.filePath(u"plain"_s);
     QFile file(plain);
