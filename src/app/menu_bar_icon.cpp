@@ -4,7 +4,8 @@
 #include "app/network_glyph_icon.h"
 #include "ui/symbol.h"
 
-#include <QImage>
+#include <QBuffer>
+#include <QImageReader>
 #include <QPixmap>
 #include <QStandardPaths>
 
@@ -16,11 +17,15 @@ namespace {
 
 constexpr QSize displaySize{18, 18};
 
-// Naming the format keeps Qt from loading every image plug-in to ask it.
 QPixmap decodedPicture(const QByteArray& text) {
-    const auto bytes =
-        QByteArray::fromBase64Encoding(text, QByteArray::AbortOnBase64DecodingErrors);
-    const QImage image = bytes ? QImage::fromData(bytes.decoded, "PNG") : QImage();
+    auto bytes = QByteArray::fromBase64Encoding(text, QByteArray::AbortOnBase64DecodingErrors);
+    if (!bytes)
+        return {};
+    QBuffer buffer(&bytes.decoded);
+    QImageReader reader(&buffer, "png");
+    // Left to detect the format, Qt loads every image plug-in and asks it.
+    reader.setAutoDetectImageFormat(false);
+    const QImage image = reader.read();
     if (image.isNull())
         return {};
     QPixmap pixmap = QPixmap::fromImage(image);

@@ -12,10 +12,10 @@ namespace tarnwick {
 namespace {
 
 // All lengths are parts of the icon's width.
-constexpr double hubRadius = 0.14;
-constexpr double satelliteRadius = 0.085;
-constexpr double orbit = 0.375;
-constexpr double lineWidth = 0.07;
+constexpr double hubRadius = 0.155;
+constexpr double satelliteRadius = 0.088;
+constexpr double orbit = 0.365;
+constexpr double lineWidth = 0.05;
 constexpr double outlineWidth = 0.045;
 constexpr int satelliteCount = 6;
 

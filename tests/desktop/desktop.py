@@ -66,15 +66,16 @@ class Rect(collections.namedtuple("Rect", "x y width height")):
                 and self.y < other.bottom and other.y < self.bottom)
 
 
-def wait_until(condition, what, seconds=TIME_LIMIT, step=0.05):
-    """Returns the first true value of `condition()`."""
+def wait_until(condition, what, seconds=TIME_LIMIT, step=0.05, describe=None):
+    """Returns the first true value of `condition()`; a failure is explained by `describe()`."""
     deadline = time.monotonic() + seconds
     while True:
         value = condition()
         if value:
             return value
         if time.monotonic() > deadline:
-            raise TimeoutError(f"waited {seconds} s for {what}")
+            why = f": {describe()}" if describe else ""
+            raise TimeoutError(f"waited {seconds} s for {what}{why}")
         time.sleep(step)
 
 
@@ -280,11 +281,15 @@ class Desktop:
         return self._window(process, lambda rect: rect.width >= PANEL_WIDTH)
 
     def wait_for_icon(self, process, seconds=TIME_LIMIT):
+        def describe():
+            return self.windows(process), process.output(), self.tray and self.tray.output()
+
         # Trays move their icons about while they grow.
-        rect = wait_until(lambda: self.icon(process), "the icon", seconds)
-        while not stays(lambda: self.icon(process) == rect, 0.3):
-            rect = wait_until(lambda: self.icon(process), "the icon", seconds)
-        return rect
+        deadline = time.monotonic() + seconds
+        while True:
+            rect = wait_until(lambda: self.icon(process), "the icon", seconds, describe=describe)
+            if stays(lambda: self.icon(process) == rect, 0.3) or time.monotonic() > deadline:
+                return rect
 
     def wait_for_panel(self, process, seconds=TIME_LIMIT):
         return wait_until(lambda: self.panel(process), "the panel", seconds)
