@@ -43,10 +43,9 @@ void StubTool::setScript(const QByteArray& script) {
 
 QList<QStringList> StubTool::calls() const {
     QList<QStringList> calls;
-    const auto records = contentOf(directory_.filePath(QStringLiteral("calls"))).split('\0');
-    for (const QByteArray& record : records) {
-        if (record.isEmpty())
-            continue;
+    auto records = contentOf(directory_.filePath(QStringLiteral("calls"))).split('\0');
+    records.removeLast(); // empty, or a record that is being written right now
+    for (const QByteArray& record : std::as_const(records)) {
         QStringList arguments = QString::fromUtf8(record).split(QChar(0x1f));
         arguments.removeLast(); // every argument is followed by a separator
         calls.append(arguments);
