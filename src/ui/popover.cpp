@@ -16,10 +16,6 @@ Popover::Popover(QWidget* anchor, QWidget* content)
     setWindowTitle(content_->accessibleName());
 }
 
-Popover::~Popover() {
-    qApp->removeEventFilter(this);
-}
-
 void Popover::present() {
     place();
     surface_.prepareToShow();

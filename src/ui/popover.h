@@ -18,7 +18,6 @@ class Popover : public QWidget {
 public:
     /// Takes over `content`, whose size hint it follows.
     Popover(QWidget* anchor, QWidget* content);
-    ~Popover() override;
 
     void present();
 

@@ -30,7 +30,6 @@ TEST_P(HostileTexts, AreShownAsTextAndTheLayoutHolds) {
     auto* entry = find<DevicesSubmenu>();
     click(entry);
     EXPECT_EQ(entry->list()->width(), 260);
-    DeviceInfo plain = test::device(u"plain"_s);
     EXPECT_EQ(deviceRow(*entry, 0)->height(),
               DeviceRow(PanelContent::Device{}).sizeHint().height());
     for (const QLabel* label : panel->findChildren<QLabel*>()) {
