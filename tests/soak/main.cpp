@@ -63,8 +63,10 @@ int main(int argc, char** argv) {
     for (int i = 0; i < refreshes; ++i) {
         if (i == settledAfter)
             settled = soak.usageAtRest();
-        if (!soak.refresh())
-            return fail("the panel does not show what the tool said");
+        if (!soak.refresh()) {
+            std::printf("refresh %d, %s\n", i, qPrintable(soak.account()));
+            return fail("the client does not know what the tool said");
+        }
         for (; opened < static_cast<long>(openings) * (i + 1) / refreshes; ++opened)
             if (!soak.openAndClose())
                 return fail("the panel or a popover did not open");

@@ -70,7 +70,7 @@ bool Soak::showsConnected(int devices) const {
 // A good answer may be late on a busy machine, which then counts as none.
 bool Soak::recovers(int devices) {
     tool_.answerWell(devices);
-    for (int attempt = 0; attempt < 10; ++attempt)
+    for (int attempt = 0; attempt < 50; ++attempt)
         if (refreshOnce() && showsConnected(devices))
             return true;
     return false;
@@ -78,13 +78,14 @@ bool Soak::recovers(int devices) {
 
 bool Soak::refresh() {
     tool_.disturb();
-    ++conditions_[tool_.condition()];
+    lastCondition_ = tool_.condition();
+    ++conditions_[lastCondition_];
     if (!refreshOnce())
         return false;
     return (tool_.condition() == "good" && daemon_->isConnected()) || recovers(12);
 }
 
-bool Soak::openAndClose() {
+bool Soak::openOnce() {
     panel_->openAt({20, 20});
     runEventLoopFor(2ms);
     bool opened = panel_->isVisible();
@@ -99,6 +100,22 @@ bool Soak::openAndClose() {
     panel_->hide();
     runEventLoopFor(1ms);
     return opened;
+}
+
+QString Soak::account() const {
+    return u"tool %1, client %2 with %3 devices and %4 profiles"_s
+        .arg(QString::fromLatin1(lastCondition_), daemon_->backendState())
+        .arg(daemon_->devices().size())
+        .arg(daemon_->profiles().size());
+}
+
+// Nothing gives a window the focus back here, so on a busy machine the panel may take a popover's
+// end for its own.
+bool Soak::openAndClose() {
+    for (int attempt = 0; attempt < 5; ++attempt)
+        if (openOnce())
+            return true;
+    return false;
 }
 
 ProcessUsage Soak::usageAtRest() {

@@ -28,11 +28,15 @@ public:
     /// Once nothing is under way any more.
     ProcessUsage usageAtRest();
 
+    /// What the tool was up to and what the client makes of it, for a report.
+    QString account() const;
+
     /// How often the tool was in which condition.
     const QMap<QByteArray, int>& conditions() const { return conditions_; }
 
 private:
     bool refreshOnce();
+    bool openOnce();
     bool recovers(int devices);
     bool showsConnected(int devices) const;
 
@@ -40,6 +44,7 @@ private:
     QTemporaryDir home_;
     std::shared_ptr<DaemonManager> daemon_;
     std::unique_ptr<MenuBarView> panel_;
+    QByteArray lastCondition_;
     QMap<QByteArray, int> conditions_;
 };
 
