@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 """The icon comes with whatever status area there is, whenever that comes."""
 
+import time
 import unittest
 
 from desktop import Desktop, Rect, stays, wait_until
@@ -47,6 +48,7 @@ class XTray(unittest.TestCase):
             desktop.wait_for_panel(client)
             desktop.key("Escape")
             desktop.wait_for_no_panel(client)
+            time.sleep(0.5)  # sooner, the two clicks would be a double one
             desktop.click(icon.center, button=3)
             desktop.wait_for_menu(client)
             desktop.key("Down", "Down", "Return")
