@@ -30,6 +30,7 @@ PopoverList::PopoverList(int maximumHeight, RowList::Provide provide, QWidget* p
 void PopoverList::setContent(const QString& heading, const QStringList& keys) {
     heading_->setContent(heading);
     setAccessibleName(heading_->text());
+    scrollArea_->setAccessibleName(heading_->text()); // it takes the focus where it can scroll
     rows_->setRows(keys);
     fitRows();
 }

@@ -1,0 +1,241 @@
+# SPDX-License-Identifier: MIT
+"""A machine that works against the client: its disk, its limits, its signals and its desktop. It
+goes on, loses nothing, and the next good poll puts it right."""
+
+import os
+import pathlib
+import signal
+import subprocess
+import time
+import unittest
+
+from desktop import stays, wait_until
+from session import ADDRESS, GOOD_KEY, Session
+
+KEYS = ("twkey-fernwood-good", GOOD_KEY)
+CONNECTED = ("Connected", ADDRESS, "Switch network", "Disconnect")
+GONE = ("Disconnect", "IP Address", "Devices")
+
+
+class Settings(unittest.TestCase):
+    """What is remembered of the networks stands in one file."""
+
+    def start(self, **options):
+        session = self.enterContext(Session(**options))
+        session.begin(*KEYS)
+        return session
+
+    @staticmethod
+    def file(session):
+        return session.desktop.home / ".config/tarnwick/client.conf"
+
+    @staticmethod
+    def seen_by(session, path):
+        """That path as the client sees it."""
+        return pathlib.Path(f"/proc/{session.client.pid}/root{path}")
+
+    def disconnect(self, session, *wanted):
+        """Shows what is remembered: only then is the current network in the picker."""
+        session.open_panel()
+        session.wait_for_texts("Connected")
+        session.click("Disconnect")
+        session.wait_for_texts("Connect (2)")
+        session.click("Connect (2)")
+        session.wait_for_texts(*wanted)
+
+    def test_corrupt_is_nothing_remembered_and_mended_by_the_next_poll(self):
+        session = self.start()
+        session.refresh(*CONNECTED)
+        path = self.file(session)
+        wait_until(path.exists, "the settings")
+        session.client.stop()
+        path.write_bytes(os.urandom(3000))
+        session.start_client()
+        session.refresh(*CONNECTED)
+        wait_until(lambda: b"mira-workstation" in path.read_bytes(), "the settings to be mended")
+        self.disconnect(session, "mira-workstation")
+
+    def test_locked_by_another_holds_nobody_up(self):
+        session = self.start()
+        session.refresh(*CONNECTED)
+        path = self.file(session)
+        wait_until(path.exists, "the settings")
+        session.client.stop()
+        path.unlink()
+        # As another program of the same library does it, while it writes.
+        lock = path.with_name(path.name + ".lock")
+        name = pathlib.Path("/proc/self/exe").resolve().name
+        lock.write_text(f"{os.getpid()}\n{name}\n{os.uname().nodename}\n", encoding="utf-8")
+        session.start_client()
+        session.refresh(*CONNECTED)
+        self.assertTrue(stays(lambda: "Connected" in session.texts(), 1.0))
+        lock.unlink()
+        session.refresh(*CONNECTED)
+        wait_until(path.exists, "the settings", 10.0)
+
+    def test_a_full_disk_loses_nothing_that_was_there(self):
+        home = "$HOME/.config"
+        session = self.start(mounts=f'mkdir -p "{home}"; mount -t tmpfs -o size=64k none "{home}"')
+        session.refresh(*CONNECTED)
+        directory = self.seen_by(session, session.desktop.home / ".config")
+        path = directory / "tarnwick/client.conf"
+        wait_until(path.exists, "the settings")
+        before = path.read_bytes()
+        filler = directory / "filler"
+        with open(filler, "wb", buffering=0) as file:
+            with self.assertRaises(OSError):
+                while True:
+                    file.write(bytes(4096))
+        session.open_panel()
+        session.click("Switch network")
+        session.click("Mira Lindqvist")
+        session.wait_for_texts("Connected", "attic-desktop")
+        self.assertEqual(path.read_bytes(), before)
+        filler.unlink()
+        session.refresh("Connected", "attic-desktop")
+        wait_until(lambda: b"attic-desktop" in path.read_bytes(), "the settings")
+
+    def test_a_home_that_cannot_be_written_to(self):
+        home = "$HOME"
+        session = self.start(mounts=f'mount --bind "{home}" "{home}"; '
+                                    f'mount -o remount,bind,ro "{home}"')
+        session.refresh(*CONNECTED)
+        self.assertFalse(self.file(session).exists())
+        self.disconnect(session, "mira-workstation")
+        self.assertTrue(session.client.is_running())
+
+
+class Limits(unittest.TestCase):
+    def test_out_of_descriptors_is_stopped_and_no_more(self):
+        with Session() as session:
+            session.begin(*KEYS)
+            session.refresh(*CONNECTED)
+            client = str(session.client.pid)
+            used = len(os.listdir(f"/proc/{client}/fd"))
+            subprocess.run(["prlimit", "--pid", client, f"--nofile={used}:"], check=True)
+            session.refresh("Stopped", without=GONE)
+            subprocess.run(["prlimit", "--pid", client, "--nofile=1024:"], check=True)
+            session.refresh(*CONNECTED)
+
+    def test_out_of_processes_is_stopped_and_no_more(self):
+        if os.getuid() == 0:
+            self.skipTest("the limit does not hold for root")
+        with Session() as session:
+            session.begin(*KEYS)
+            session.refresh(*CONNECTED)
+            client = str(session.client.pid)
+            subprocess.run(["prlimit", "--pid", client, "--nproc=1:"], check=True)
+            session.refresh("Stopped", without=GONE)
+            subprocess.run(["prlimit", "--pid", client, "--nproc=4096:"], check=True)
+            session.refresh(*CONNECTED)
+
+    def test_little_memory_is_enough(self):
+        # Address space and not memory: libraries and stacks are in it.
+        with Session(limits=["as=700000000", "stack=1000000", "nofile=64"]) as session:
+            session.begin(*KEYS)
+            session.refresh(*CONNECTED)
+            session.click("Devices")
+            session.wait_for_texts("aurora-build")
+
+
+class Signals(unittest.TestCase):
+    def test_each_that_asks_to_end_ends_it_and_leaves_the_daemon(self):
+        with Session() as session:
+            for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
+                with self.subTest(signal=number.name):
+                    session.begin(*KEYS)
+                    session.refresh(*CONNECTED)
+                    session.client.send_signal(number)
+                    self.assertEqual(session.client.wait(2.0), 0)
+                    self.assertEqual(session.daemon.account()["backendState"], "Running")
+
+    def test_those_that_mean_something_else_do_nothing(self):
+        with Session() as session:
+            session.begin(*KEYS)
+            session.refresh(*CONNECTED)
+            for number in (signal.SIGCHLD, signal.SIGWINCH, signal.SIGCONT):
+                session.client.send_signal(number)
+            session.refresh(*CONNECTED)
+
+    def test_stopped_and_continued_it_goes_on(self):
+        with Session() as session:
+            session.begin(*KEYS)
+            session.refresh(*CONNECTED)
+            session.client.send_signal(signal.SIGSTOP)
+            time.sleep(2.0)
+            session.client.send_signal(signal.SIGCONT)
+            session.daemon.tool("down")
+            session.refresh("Stopped", "Connect (2)")
+
+    def test_killed_it_starts_again_and_remembers(self):
+        with Session() as session:
+            session.begin(*KEYS)
+            session.refresh(*CONNECTED)
+            session.click("Disconnect")
+            session.wait_for_texts("Connect (2)")
+            session.client.stop(signal.SIGKILL)
+            session.start_client()
+            session.open_panel()
+            session.click("Connect (2)")
+            session.wait_for_texts("mira-workstation", ADDRESS)
+
+
+class Surroundings(unittest.TestCase):
+    """Parts of the desktop that go away and come back."""
+
+    def start(self, **options):
+        session = self.enterContext(Session(**options))
+        session.begin(*KEYS)
+        session.refresh(*CONNECTED)
+        return session
+
+    def test_the_session_bus_goes(self):
+        session = self.start()
+        bus = next(process for process in session.desktop.processes
+                   if process.args[0] == "dbus-daemon")
+        bus.stop(signal.SIGKILL)
+        self.assertTrue(stays(session.client.is_running, 1.0))
+        # Nobody can read it out any more; keys and mouse still work it.
+        session.desktop.key("Escape")
+        session.desktop.wait_for_no_panel(session.client)
+        session.desktop.click(session.icon.center)
+        session.desktop.wait_for_panel(session.client)
+        self.assertTrue(stays(session.client.is_running, 6.0))
+        self.assertGreater(len(session.calls()), 2)
+
+    def test_the_tray_goes_and_comes_back(self):
+        session = self.start()
+        session.desktop.stop_tray()
+        self.assertEqual(session.start_again().wait(10.0), 0)
+        session.wait_for_texts(*CONNECTED)
+        session.close_panel()
+        session.desktop.start_tray()
+        session.icon = session.desktop.wait_for_icon(session.client)
+        session.refresh(*CONNECTED)
+
+    def test_the_window_manager_goes_and_comes_back(self):
+        session = self.start()
+        manager = next(process for process in session.desktop.processes
+                       if process.args[0] == "openbox")
+        manager.stop()
+        self.assertTrue(stays(session.client.is_running, 1.0))
+        session.desktop.start("openbox", "--sm-disable")
+        wait_until(lambda: self.works(session), "the panel")
+
+    @staticmethod
+    def works(session):
+        session.close_panel()
+        session.open_panel()
+        return "Connected" in session.texts()
+
+    def test_the_display_goes(self):
+        session = self.start()
+        display = next(process for process in session.desktop.processes
+                       if process.args[0] == "Xvfb")
+        display.stop()
+        session.client.wait(5.0)
+        self.assertEqual(session.daemon.account()["backendState"], "Running")
+
+
+if __name__ == "__main__":
+    unittest.main()

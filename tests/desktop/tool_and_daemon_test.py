@@ -1,0 +1,179 @@
+# SPDX-License-Identifier: MIT
+"""A tool and a daemon that fail under the client. It says that nobody answers, and the next good
+poll puts it right."""
+
+import os
+import shutil
+import signal
+import socket
+import time
+import unittest
+
+from desktop import stays, wait_until
+from session import ADDRESS, GOOD_KEY, Session
+
+KEYS = ("twkey-fernwood-good", GOOD_KEY)
+CONNECTED = ("Connected", ADDRESS, "Switch network", "Disconnect")
+GONE = ("Disconnect", "IP Address", "Devices")
+LIMIT = 20.0  # seconds, for what takes the client's own limit of twelve
+
+
+class Hostile(unittest.TestCase):
+    """One connected client for all tests of a class; each leaves it as it was."""
+
+    options = {}
+
+    @classmethod
+    def setUpClass(cls):
+        cls.session = cls.enterClassContext(Session(**cls.options))
+        cls.session.begin(*KEYS)
+
+    def setUp(self):
+        self.session.refresh(*CONNECTED)
+
+    def tearDown(self):
+        self.assertTrue(self.session.client.is_running())
+        self.session.close_panel()
+
+
+class Tool(Hostile):
+    def setUp(self):
+        super().setUp()
+        self.tool = self.session.installed_tool
+        self.kept = self.tool.with_name("kept")
+        self.tool.rename(self.kept)
+        self.addCleanup(self.session.refresh, *CONNECTED, seconds=LIMIT)
+        self.addCleanup(self.kept.rename, self.tool)
+
+    def replace(self, text):
+        self.tool.write_text(text, encoding="utf-8")
+        self.tool.chmod(0o755)
+
+    def expect_stopped(self, seconds=5.0):
+        self.session.refresh("Stopped", without=GONE, seconds=seconds)
+
+    def test_missing(self):
+        self.expect_stopped()
+
+    def test_not_executable(self):
+        self.replace("#!/bin/sh\n")
+        self.tool.chmod(0o644)
+        self.expect_stopped()
+
+    def test_no_program_at_all(self):
+        self.replace("this is no program\n")
+        self.expect_stopped()
+
+    def test_a_directory_in_its_place(self):
+        self.tool.mkdir()
+        self.addCleanup(self.tool.rmdir)
+        self.expect_stopped()
+
+    def test_replaced_while_running(self):
+        self.replace("#!/bin/sh\nsleep 1\nexec \"$0.good\" \"$@\"\n")
+        good = self.tool.with_name("tarnwick.good")
+        shutil.copy2(self.kept, good)
+        self.session.click("Refresh")
+        time.sleep(0.3)
+        os.replace(good, self.tool)  # under the one that runs
+        self.session.wait_for_texts(*CONNECTED)
+
+    def test_crashes(self):
+        self.replace("#!/bin/sh\nkill -SEGV $$\n")
+        self.expect_stopped()
+
+    def test_prints_rubbish(self):
+        self.replace("#!/bin/sh\nhead -c 4000 /dev/urandom\n")
+        self.expect_stopped()
+
+    def test_floods(self):
+        self.replace("#!/bin/sh\nexec yes error\n")
+        self.expect_stopped(LIMIT)
+
+    def test_hangs_and_does_not_listen(self):
+        self.replace("#!/bin/sh\ntrap '' TERM\nsleep 14\n")
+        started = time.monotonic()
+        self.expect_stopped(LIMIT)
+        self.assertGreater(time.monotonic() - started, 11.0)
+
+    def test_leaves_a_child_behind_that_holds_its_output(self):
+        self.replace(f"#!/bin/sh\nsleep 8 &\nexec '{self.kept}' \"$@\"\n")
+        self.session.daemon.clear_log()
+        # The child is not waited for longer than the limit, and the answer counts.
+        self.session.click("Refresh")
+        wait_until(self.session.calls, "the status")
+        self.session.wait_for_texts(*CONNECTED, seconds=LIMIT)
+
+    def test_slow(self):
+        self.replace(f"#!/bin/sh\nsleep 2\nexec '{self.kept}' \"$@\"\n")
+        self.session.click("Refresh")
+        self.assertTrue(stays(lambda: "Connected" in self.session.texts(), 3.0))
+
+
+class Daemon(Hostile):
+    def test_stopped_and_started_again(self):
+        self.session.daemon.stop()
+        self.session.refresh("Stopped", without=GONE)
+        self.session.daemon.start()
+        self.session.refresh(*CONNECTED)
+
+    def test_killed_and_its_socket_left_behind(self):
+        self.session.daemon.stop(signal.SIGKILL)
+        self.assertTrue(self.session.desktop.user_socket.exists())
+        self.session.refresh("Stopped", without=GONE)
+        self.session.daemon.start()
+        self.session.refresh(*CONNECTED)
+
+    def test_restarted_between_two_polls_is_not_even_seen(self):
+        self.session.daemon.restart()
+        self.session.refresh(*CONNECTED)
+
+    def test_that_stands_still(self):
+        daemon = self.session.daemon.process
+        daemon.send_signal(signal.SIGSTOP)
+        try:
+            self.session.refresh("Stopped", without=GONE, seconds=LIMIT)
+        finally:
+            daemon.send_signal(signal.SIGCONT)
+        self.session.refresh(*CONNECTED)
+
+    def test_its_socket_removed(self):
+        path = self.session.desktop.user_socket
+        aside = path.with_suffix(".aside")
+        path.rename(aside)
+        self.session.refresh("Stopped", without=GONE)
+        aside.rename(path)
+        self.session.refresh(*CONNECTED)
+
+    def test_its_socket_replaced_by_a_file(self):
+        path = self.session.desktop.user_socket
+        aside = path.with_suffix(".aside")
+        path.rename(aside)
+        path.write_text("no socket\n", encoding="utf-8")
+        self.session.refresh("Stopped", without=GONE)
+        aside.replace(path)
+        self.session.refresh(*CONNECTED)
+
+    def test_its_socket_taken_by_somebody_who_says_nothing(self):
+        path = self.session.desktop.user_socket
+        aside = path.with_suffix(".aside")
+        path.rename(aside)
+        with socket.socket(socket.AF_UNIX) as other:
+            other.bind(str(path))
+            other.listen()
+            self.session.refresh("Stopped", without=GONE, seconds=LIMIT)
+        aside.replace(path)
+        self.session.refresh(*CONNECTED)
+
+    def test_its_directory_removed_comes_back(self):
+        directory = self.session.desktop.user_socket.parent
+        aside = directory.with_name("aside")
+        directory.rename(aside)
+        self.session.refresh("Stopped", without=GONE)
+        self.assertTrue(directory.is_dir())
+        directory.rmdir()
+        aside.rename(directory)
+        self.session.refresh(*CONNECTED)
+
+if __name__ == "__main__":
+    unittest.main()
