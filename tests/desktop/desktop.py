@@ -296,6 +296,11 @@ class Desktop:
 
     def wait_for_no_panel(self, process, seconds=TIME_LIMIT):
         wait_until(lambda: self.panel(process) is None, "the panel to close", seconds)
+        self.settle()
+
+    def settle(self):
+        """Gives the window manager time to hand the focus on, as a user's hand does."""
+        time.sleep(0.5)
 
     def wait_for_menu(self, process, seconds=TIME_LIMIT):
         """The icon's context menu."""
@@ -303,14 +308,14 @@ class Desktop:
                           "the menu", seconds)
 
     def open_window(self, rect):
-        """Opens a window of another program there; returns its process, its X id and its place."""
+        """Opens a window of another program there; returns its X id and its place."""
         def ids():
             return self.run("xdotool", "search", "--onlyvisible", "--class", "Xmessage").split()
         known = ids()
-        process = self.start("xmessage", "-geometry",
-                             f"{rect.width}x{rect.height}+{rect.x}+{rect.y}", "another window")
+        self.start("xmessage", "-geometry",
+                   f"{rect.width}x{rect.height}+{rect.x}+{rect.y}", "another window")
         window = wait_until(lambda: next(iter(set(ids()) - set(known)), None), "another window")
-        return process, window, self.geometry(window)
+        return window, self.geometry(window)
 
     def active_window(self):
         """The X id of the window that has the focus; "" when none has."""

@@ -74,7 +74,7 @@ class SecondLaunch(unittest.TestCase):
             self.assertIn('"Tarnwick Network"', desktop.run("xprop", "-id", window, "_NET_WM_NAME"))
             frame = desktop.run("xprop", "-id", window, "_NET_FRAME_EXTENTS").split("=")[1]
             self.assertGreater(int(frame.split(",")[2]), 8, "the title bar")
-            _, _, other = desktop.open_window(Rect(20, 40, 200, 60))
+            _, other = desktop.open_window(Rect(20, 40, 200, 60))
             desktop.click(other.center)
             self.assertTrue(stays(lambda: desktop.panel(client), 1.0))
             self.assertEqual(desktop.panel(client), panel)

@@ -82,7 +82,7 @@ class WakeUp(Stub):
 
 class NeverInTheWay(Stub):
     def test_a_state_change_opens_nothing_and_takes_no_focus(self):
-        _, window, _ = self.desktop.open_window(Rect(100, 300, 300, 100))
+        window, _ = self.desktop.open_window(Rect(100, 300, 300, 100))
         self.desktop.run("xdotool", "windowactivate", "--sync", window)
         client = self.desktop.start_client(program=self.program)
         icon = self.desktop.wait_for_icon(client)
