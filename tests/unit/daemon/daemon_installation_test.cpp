@@ -225,7 +225,7 @@ TEST_F(DaemonInstallation, UnwritableStateDirectoryMakesTheCopyOfTheJobFileFail)
     QFile inTheWay(inHome(u".tarnwick"_s)); // a file where the directory should be
     ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
     setStandIn(runTheLine);
-    const auto manager = world_.create();
+    const auto manager = world_.createRefreshed();
     EXPECT_FALSE(install(*manager));
     EXPECT_TRUE(
         manager->errorMessage().value_or(u""_s).contains(u".tarnwick/tarnwick-daemon.service"_s));
