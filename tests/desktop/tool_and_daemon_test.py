@@ -15,7 +15,7 @@ from session import ADDRESS, GOOD_KEY, Session
 KEYS = ("twkey-fernwood-good", GOOD_KEY)
 CONNECTED = ("Connected", ADDRESS, "Switch network", "Disconnect")
 GONE = ("Disconnect", "IP Address", "Devices")
-LIMIT = 20.0  # seconds, for what takes the client's own limit of twelve
+LIMIT = 60.0  # seconds: the client gives up after twelve, and a run before this one may do so too
 
 
 class Hostile(unittest.TestCase):
@@ -49,8 +49,8 @@ class Tool(Hostile):
         self.tool.write_text(text, encoding="utf-8")
         self.tool.chmod(0o755)
 
-    def expect_stopped(self, seconds=5.0):
-        self.session.refresh("Stopped", without=GONE, seconds=seconds)
+    def expect_stopped(self):
+        self.session.refresh("Stopped", without=GONE, seconds=LIMIT)
 
     def test_missing(self):
         self.expect_stopped()
@@ -88,12 +88,12 @@ class Tool(Hostile):
 
     def test_floods(self):
         self.replace("#!/bin/sh\nexec yes error\n")
-        self.expect_stopped(LIMIT)
+        self.expect_stopped()
 
     def test_hangs_and_does_not_listen(self):
         self.replace("#!/bin/sh\ntrap '' TERM\nsleep 14\n")
         started = time.monotonic()
-        self.expect_stopped(LIMIT)
+        self.expect_stopped()
         self.assertGreater(time.monotonic() - started, 11.0)
 
     def test_leaves_a_child_behind_that_holds_its_output(self):
@@ -101,8 +101,8 @@ class Tool(Hostile):
         self.session.daemon.clear_log()
         # The child is not waited for longer than the limit, and the answer counts.
         self.session.click("Refresh")
-        wait_until(self.session.calls, "the status")
-        self.session.wait_for_texts(*CONNECTED, seconds=LIMIT)
+        wait_until(lambda: len(self.session.calls()) >= 2, "the run after the one that waits", LIMIT)
+        self.assertLessEqual(set(CONNECTED), set(self.session.texts()))
 
     def test_slow(self):
         self.replace(f"#!/bin/sh\nsleep 2\nexec '{self.kept}' \"$@\"\n")
@@ -111,69 +111,62 @@ class Tool(Hostile):
 
 
 class Daemon(Hostile):
+    def setUp(self):
+        super().setUp()
+        self.addCleanup(self.session.refresh, *CONNECTED, seconds=LIMIT)
+
+    def expect_stopped(self):
+        self.session.refresh("Stopped", without=GONE, seconds=LIMIT)
+
+    def move_aside(self, path):
+        """Until the test ends."""
+        aside = path.with_name("aside")
+        path.rename(aside)
+        self.addCleanup(aside.replace, path)
+
     def test_stopped_and_started_again(self):
+        self.addCleanup(self.session.daemon.start)
         self.session.daemon.stop()
-        self.session.refresh("Stopped", without=GONE)
-        self.session.daemon.start()
-        self.session.refresh(*CONNECTED)
+        self.expect_stopped()
 
     def test_killed_and_its_socket_left_behind(self):
+        self.addCleanup(self.session.daemon.start)
         self.session.daemon.stop(signal.SIGKILL)
         self.assertTrue(self.session.desktop.user_socket.exists())
-        self.session.refresh("Stopped", without=GONE)
-        self.session.daemon.start()
-        self.session.refresh(*CONNECTED)
+        self.expect_stopped()
 
     def test_restarted_between_two_polls_is_not_even_seen(self):
         self.session.daemon.restart()
-        self.session.refresh(*CONNECTED)
 
     def test_that_stands_still(self):
-        daemon = self.session.daemon.process
-        daemon.send_signal(signal.SIGSTOP)
-        try:
-            self.session.refresh("Stopped", without=GONE, seconds=LIMIT)
-        finally:
-            daemon.send_signal(signal.SIGCONT)
-        self.session.refresh(*CONNECTED)
+        self.addCleanup(self.session.daemon.process.send_signal, signal.SIGCONT)
+        self.session.daemon.process.send_signal(signal.SIGSTOP)
+        self.expect_stopped()
 
     def test_its_socket_removed(self):
-        path = self.session.desktop.user_socket
-        aside = path.with_suffix(".aside")
-        path.rename(aside)
-        self.session.refresh("Stopped", without=GONE)
-        aside.rename(path)
-        self.session.refresh(*CONNECTED)
+        self.move_aside(self.session.desktop.user_socket)
+        self.expect_stopped()
 
     def test_its_socket_replaced_by_a_file(self):
         path = self.session.desktop.user_socket
-        aside = path.with_suffix(".aside")
-        path.rename(aside)
+        self.move_aside(path)
         path.write_text("no socket\n", encoding="utf-8")
-        self.session.refresh("Stopped", without=GONE)
-        aside.replace(path)
-        self.session.refresh(*CONNECTED)
+        self.expect_stopped()
 
     def test_its_socket_taken_by_somebody_who_says_nothing(self):
         path = self.session.desktop.user_socket
-        aside = path.with_suffix(".aside")
-        path.rename(aside)
+        self.move_aside(path)
         with socket.socket(socket.AF_UNIX) as other:
             other.bind(str(path))
             other.listen()
-            self.session.refresh("Stopped", without=GONE, seconds=LIMIT)
-        aside.replace(path)
-        self.session.refresh(*CONNECTED)
+            self.expect_stopped()
 
     def test_its_directory_removed_comes_back(self):
         directory = self.session.desktop.user_socket.parent
-        aside = directory.with_name("aside")
-        directory.rename(aside)
-        self.session.refresh("Stopped", without=GONE)
+        self.move_aside(directory)
+        self.expect_stopped()
         self.assertTrue(directory.is_dir())
-        directory.rmdir()
-        aside.rename(directory)
-        self.session.refresh(*CONNECTED)
+
 
 if __name__ == "__main__":
     unittest.main()
