@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "app/local_socket.h"
+
 #include <QByteArray>
-#include <QLocalServer>
 #include <QObject>
+#include <QSocketNotifier>
 #include <QString>
 
 #include <chrono>
+#include <memory>
 
 namespace tarnwick {
 
@@ -19,6 +22,7 @@ public:
     /// Listens at `path`, in place of whatever a crashed copy has left there. Where that is
     /// impossible the program runs without: a second launch then finds nobody.
     explicit LaunchChannel(const QString& path);
+    ~LaunchChannel() override;
 
     /// Asks the copy that listens at `path` to show its panel, and waits for its answer for at most
     /// `patience`: it may have started only just now. `activationToken` lets it take the focus.
@@ -29,10 +33,13 @@ Q_SIGNALS:
     void showRequested(const QByteArray& activationToken);
 
 private:
-    void serve();
-    void read(QLocalSocket& socket);
+    class Caller;
 
-    QLocalServer server_;
+    void serve();
+
+    QString path_;
+    LocalSocket socket_;
+    std::unique_ptr<QSocketNotifier> notifier_; ///< Null when nothing listens.
 };
 
 } // namespace tarnwick

@@ -2,9 +2,9 @@
 #include "update/update_service.h"
 
 #include "platform/service_addresses.h"
-#include "update/update_check.h"
+#include "update/update_manifest.h"
 
-#include <QNetworkAccessManager>
+#include <QTimer>
 
 namespace tarnwick {
 
@@ -25,15 +25,34 @@ UpdateService::UpdateService(UpdateServiceOptions options) : options_(std::move(
 
 UpdateService::~UpdateService() = default;
 
-QNetworkAccessManager& UpdateService::network() {
-    if (!network_)
-        network_ = std::make_unique<QNetworkAccessManager>();
-    return *network_;
+void UpdateService::check(Completion completion) {
+    if (!fetcher_) {
+        auto loaded = loadManifestFetcher();
+        if (const auto* failure = std::get_if<FetchFailure>(&loaded))
+            return fail(failure->reason, std::move(completion));
+        fetcher_ = std::get<0>(std::move(loaded));
+    }
+    // The completion may end the service.
+    fetcher_->fetch(options_, [this, completion = std::move(completion)](
+                                  const FetchResult& fetched) { completion(resultOf(fetched)); });
 }
 
-void UpdateService::check(Completion completion) {
-    // Owned by the manager of its transfer until it has finished and deletes itself.
-    new UpdateCheck(options_, std::move(completion), network());
+void UpdateService::fail(const QString& reason, Completion completion) {
+    QTimer::singleShot(0, &lifetime_, [reason, completion = std::move(completion)] {
+        completion(CheckError{reason});
+    });
+}
+
+UpdateCheckResult UpdateService::resultOf(const FetchResult& fetched) const {
+    if (const auto* failure = std::get_if<FetchFailure>(&fetched))
+        return CheckError{failure->reason};
+    const auto manifest = parseUpdateManifest(std::get<QByteArray>(fetched));
+    if (const auto* reason = std::get_if<QString>(&manifest))
+        return CheckError{*reason};
+    const QString available = std::get<UpdateManifest>(manifest).current;
+    if (compareVersions(options_.installed, available) < 0)
+        return Outdated{options_.installed, available};
+    return UpToDate{options_.installed};
 }
 
 QString UpdateService::installedVersion(const Platform& platform, const QString& bundleDir) {

@@ -2,16 +2,16 @@
 #pragma once
 
 #include "platform/platform.h"
+#include "update/manifest_fetcher.h"
 #include "update/update_check_result.h"
 #include "update/update_service_options.h"
 
+#include <QObject>
 #include <QStringView>
 #include <QUrl>
 
 #include <functional>
 #include <memory>
-
-class QNetworkAccessManager;
 
 namespace tarnwick {
 
@@ -42,10 +42,12 @@ public:
     static int compareVersions(QStringView a, QStringView b);
 
 private:
-    QNetworkAccessManager& network();
+    UpdateCheckResult resultOf(const FetchResult& fetched) const;
+    void fail(const QString& reason, Completion completion);
 
     UpdateServiceOptions options_;
-    std::unique_ptr<QNetworkAccessManager> network_; ///< Made by the first check: it loads TLS.
+    std::unique_ptr<ManifestFetcher> fetcher_; ///< Made by the first check: it loads TLS.
+    QObject lifetime_;                         ///< What is left to do for it ends with the service.
 };
 
 } // namespace tarnwick

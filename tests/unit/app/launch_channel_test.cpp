@@ -3,7 +3,6 @@
 #include "support/waiting.h"
 
 #include <QFile>
-#include <QLocalSocket>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -66,24 +65,57 @@ TEST_F(LaunchChannelTest, NobodyListeningIsAFailureAfterAWhile) {
 
 TEST_F(LaunchChannelTest, StrangeRequestsAreHungUpOn) {
     listen();
-    for (const QByteArray& request : {QByteArray("hide\n"), QByteArray(100'000, 'x')}) {
-        QLocalSocket socket;
-        socket.connectToServer(path_);
-        ASSERT_TRUE(socket.waitForConnected());
-        socket.write(request);
-        EXPECT_TRUE(waitUntil([&] { return socket.state() == QLocalSocket::UnconnectedState; }));
+    for (const QByteArray& request : {QByteArray("hide\n"), QByteArray(2000, 'x')}) {
+        const auto stranger = LocalSocket::connectedTo(path_);
+        ASSERT_TRUE(stranger.write(request));
+        EXPECT_TRUE(waitUntil([&] { return !stranger.read(); }));
     }
     EXPECT_TRUE(tokens_.isEmpty());
     EXPECT_TRUE(ask());
 }
 
+TEST_F(LaunchChannelTest, RequestThatBreaksOffIsNone) {
+    listen();
+    LocalSocket::connectedTo(path_).write("show");
+    EXPECT_TRUE(ask("after"));
+    EXPECT_EQ(tokens_, QList<QByteArray>({"after"}));
+}
+
+TEST_F(LaunchChannelTest, RequestMayArriveInPieces) {
+    listen();
+    const auto caller = LocalSocket::connectedTo(path_);
+    ASSERT_TRUE(caller.write("show to"));
+    EXPECT_TRUE(ask("between"));
+    ASSERT_TRUE(caller.write("ken\n"));
+    EXPECT_TRUE(waitUntil([&] { return tokens_.size() == 2; }));
+    EXPECT_EQ(tokens_.constLast(), "token");
+}
+
+TEST_F(LaunchChannelTest, CallerThatDoesNotWaitForTheAnswerHarmsNobody) {
+    listen();
+    LocalSocket::connectedTo(path_).write("show gone\n");
+    EXPECT_TRUE(waitUntil([&] { return tokens_.size() == 1; }));
+    EXPECT_TRUE(ask());
+}
+
 TEST_F(LaunchChannelTest, ASilentCallerHoldsUpNobody) {
     listen();
-    QLocalSocket silent;
-    silent.connectToServer(path_);
-    ASSERT_TRUE(silent.waitForConnected());
+    const auto silent = LocalSocket::connectedTo(path_);
+    ASSERT_TRUE(silent.isOpen());
     EXPECT_TRUE(ask());
     EXPECT_EQ(tokens_.size(), 1);
+}
+
+TEST_F(LaunchChannelTest, NoSocketIsLeftBehind) {
+    listen();
+    channel_.reset();
+    EXPECT_FALSE(QFile::exists(path_));
+}
+
+TEST_F(LaunchChannelTest, PathThatIsTooLongIsListenedAtByNobody) {
+    path_ = dir_.filePath(QString(200, u'x'));
+    listen();
+    EXPECT_FALSE(LaunchChannel::askToShow(path_, {}, std::chrono::milliseconds(120)));
 }
 
 TEST_F(LaunchChannelTest, OnlyItsUserCanConnect) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "update/update_check_result.h"
+#include "update/manifest_fetcher.h"
 #include "update/update_service_options.h"
 
 #include <QByteArray>
@@ -9,7 +9,6 @@
 #include <QObject>
 #include <QTimer>
 
-#include <functional>
 #include <optional>
 
 class QNetworkAccessManager;
@@ -18,25 +17,24 @@ namespace tarnwick {
 
 /// One fetch of the manifest, from the request to the result. A child of the manager that it
 /// fetches through; deletes itself once it has called its completion.
-class UpdateCheck : public QObject {
+class ManifestTransfer : public QObject {
     Q_OBJECT
 
 public:
-    UpdateCheck(UpdateServiceOptions options,
-                std::function<void(const UpdateCheckResult&)> completion,
-                QNetworkAccessManager& network);
+    ManifestTransfer(UpdateServiceOptions options, ManifestFetcher::Completion completion,
+                     QNetworkAccessManager& network);
 
 private:
     void readBody();
     void replyFinished();
     void timeOut();
-    void finish(const UpdateCheckResult& result);
-    UpdateCheckResult resultOfReply() const;
+    void finish(const FetchResult& result);
+    FetchResult resultOfReply() const;
     std::optional<QString> transportFailure() const;
     std::optional<QString> refusal() const;
 
     const UpdateServiceOptions options_;
-    std::function<void(const UpdateCheckResult&)> completion_;
+    ManifestFetcher::Completion completion_;
     QNetworkReply* reply_; ///< A child of this.
     QByteArray body_;
     QTimer deadline_; ///< Runs from the request on, whatever arrives meanwhile.

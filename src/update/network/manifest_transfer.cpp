@@ -1,13 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "update/update_check.h"
-
-#include "platform/main_queue.h"
-#include "update/update_manifest.h"
-#include "update/update_service.h"
+#include "update/network/manifest_transfer.h"
 
 #include <QNetworkAccessManager>
 #include <QNetworkRequest>
-#include <QPointer>
 
 namespace tarnwick {
 
@@ -32,68 +27,60 @@ QNetworkRequest requestFor(const QUrl& url) {
 
 } // namespace
 
-UpdateCheck::UpdateCheck(UpdateServiceOptions options,
-                         std::function<void(const UpdateCheckResult&)> completion,
-                         QNetworkAccessManager& network)
+ManifestTransfer::ManifestTransfer(UpdateServiceOptions options,
+                                   ManifestFetcher::Completion completion,
+                                   QNetworkAccessManager& network)
     : QObject(&network), options_(std::move(options)), completion_(std::move(completion)),
       reply_(network.get(requestFor(options_.manifestURL))) {
     reply_->setParent(this);
-    connect(reply_, &QNetworkReply::readyRead, this, &UpdateCheck::readBody);
-    connect(reply_, &QNetworkReply::finished, this, &UpdateCheck::replyFinished);
-    connect(&deadline_, &QTimer::timeout, this, &UpdateCheck::timeOut);
+    connect(reply_, &QNetworkReply::readyRead, this, &ManifestTransfer::readBody);
+    connect(reply_, &QNetworkReply::finished, this, &ManifestTransfer::replyFinished);
+    connect(&deadline_, &QTimer::timeout, this, &ManifestTransfer::timeOut);
     deadline_.setSingleShot(true);
     deadline_.setTimerType(Qt::PreciseTimer); // the others may be early
     deadline_.start(options_.timeLimit);
 }
 
-void UpdateCheck::readBody() {
+void ManifestTransfer::readBody() {
     body_ += reply_->readAll();
     if (body_.size() <= options_.bodyLimit)
         return;
-    finish(CheckError{refusal().value_or(u"The server's answer is too large."_s)});
+    finish(FetchFailure{refusal().value_or(u"The server's answer is too large."_s)});
     reply_->abort();
 }
 
-void UpdateCheck::replyFinished() {
+void ManifestTransfer::replyFinished() {
     finish(resultOfReply());
 }
 
-void UpdateCheck::timeOut() {
-    finish(CheckError{u"The request timed out."_s});
+void ManifestTransfer::timeOut() {
+    finish(FetchFailure{u"The request timed out."_s});
     reply_->abort();
 }
 
 // The completion may end the service, and with it the manager whose signal brought us here: it is
 // called in a later turn of the event loop.
-void UpdateCheck::finish(const UpdateCheckResult& result) {
+void ManifestTransfer::finish(const FetchResult& result) {
     deadline_.stop();
     reply_->disconnect(this);
-    postToMainQueue([self = QPointer(this), result] {
-        if (!self)
-            return;
-        self->deleteLater();
-        const auto completion = self->completion_;
+    QTimer::singleShot(0, this, [this, result] {
+        deleteLater();
+        const auto completion = completion_;
         completion(result);
     });
 }
 
-UpdateCheckResult UpdateCheck::resultOfReply() const {
+FetchResult ManifestTransfer::resultOfReply() const {
     if (const auto failure = transportFailure())
-        return CheckError{*failure};
+        return FetchFailure{*failure};
     if (const auto failure = refusal())
-        return CheckError{*failure};
-    const auto manifest = parseUpdateManifest(body_);
-    if (const auto* reason = std::get_if<QString>(&manifest))
-        return CheckError{*reason};
-    const QString available = std::get<UpdateManifest>(manifest).current;
-    if (UpdateService::compareVersions(options_.installed, available) < 0)
-        return Outdated{options_.installed, available};
-    return UpToDate{options_.installed};
+        return FetchFailure{*failure};
+    return body_;
 }
 
 // Qt reports a status that means failure as an error too, and so a redirect that it does not
 // follow: these count as answers. A connection that breaks is an error whatever the status was.
-std::optional<QString> UpdateCheck::transportFailure() const {
+std::optional<QString> ManifestTransfer::transportFailure() const {
     const auto error = reply_->error();
     const QVariant status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute);
     const bool isConnectionLost = error > QNetworkReply::NoError &&
@@ -110,7 +97,7 @@ std::optional<QString> UpdateCheck::transportFailure() const {
 }
 
 // Why an answer is not worth reading.
-std::optional<QString> UpdateCheck::refusal() const {
+std::optional<QString> ManifestTransfer::refusal() const {
     const QVariant status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute);
     const int code = status.isValid() ? status.toInt() : -1;
     if (code == statusOk)

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#include "update/manifest_fetcher.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QLibrary>
+
+namespace tarnwick {
+
+namespace {
+
+// Beside the program where it was built, in a directory of its own where it is installed. The name
+// has the version: a program that still runs after an upgrade must not load its successor's module.
+QString modulePath() {
+    const QDir programs(QCoreApplication::applicationDirPath());
+    const QString name = QStringLiteral(TARNWICK_NETWORK_MODULE);
+    const QString built = programs.filePath(name);
+    return QFile::exists(built)
+               ? built
+               : programs.filePath(QStringLiteral(TARNWICK_MODULE_DIR) + u'/' + name);
+}
+
+} // namespace
+
+std::variant<std::unique_ptr<ManifestFetcher>, FetchFailure> loadManifestFetcher() {
+    QLibrary module(modulePath());
+    const auto create = reinterpret_cast<decltype(&tarnwickCreateManifestFetcher)>(
+        module.resolve("tarnwickCreateManifestFetcher"));
+    if (create == nullptr)
+        return FetchFailure{module.errorString()};
+    return std::unique_ptr<ManifestFetcher>(create());
+}
+
+} // namespace tarnwick
