@@ -42,8 +42,10 @@ def main(package, tree, build):
     tree, build = pathlib.Path(tree), pathlib.Path(build)
     paths = {"/" + p.relative_to(tree).as_posix(): p for p in tree.rglob("*") if not p.is_dir()}
     bundled = {path for path in paths if BUNDLED.fullmatch(path)}
-    problems = [f"lacks {path}" for path in sorted(NEEDED - set(paths))]
-    problems += [f"holds {path}" for path in sorted(set(paths) - NEEDED - bundled)]
+    version = pathlib.Path(package).name.split("_")[1].split("-")[0]
+    needed = NEEDED | {f"/usr/lib/tarnwick-client/tarnwick-network-{version}.so"}
+    problems = [f"lacks {path}" for path in sorted(needed - set(paths))]
+    problems += [f"holds {path}" for path in sorted(set(paths) - needed - bundled)]
 
     cache = (build / "CMakeCache.txt").read_text()
     told = len(re.findall(r"^TARNWICK_BUNDLED_\w+:\w+=.+$", cache, re.M))
