@@ -4,6 +4,7 @@
 #include "ui/divider.h"
 #include "ui/menu_button.h"
 #include "ui/profile_picker_row.h"
+#include "ui/reading_order.h"
 
 #include <utility>
 
@@ -37,11 +38,13 @@ ActionBlock::ActionBlock(QWidget* parent) : QWidget(parent), column_(new QVBoxLa
 
 void ActionBlock::setContent(const PanelContent::Actions& content) {
     QHash<QString, QWidget*> kept;
+    QList<QWidget*> shown;
     clear(*column_);
     for (const PanelContent::Action& action : content.actions) {
         const QString key = keyOf(action);
         QWidget* row = rowFor(action, rows_.take(key));
         kept.insert(key, row);
+        shown.append(row);
         if (std::holds_alternative<PanelContent::Divider>(action)) {
             auto* padded = new QVBoxLayout;
             padded->setContentsMargins(0, dividerPadding, 0, dividerPadding);
@@ -57,6 +60,7 @@ void ActionBlock::setContent(const PanelContent::Actions& content) {
         gone->deleteLater();
     }
     rows_ = std::move(kept);
+    setReadingOrder(shown);
 }
 
 QWidget* ActionBlock::rowFor(const PanelContent::Action& action, QWidget* row) {

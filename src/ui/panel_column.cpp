@@ -7,6 +7,7 @@
 #include "ui/error_view.h"
 #include "ui/header_view.h"
 #include "ui/info_view.h"
+#include "ui/reading_order.h"
 
 #include <algorithm>
 
@@ -36,6 +37,10 @@ void PanelColumn::setContent(const PanelContent& content) {
     }
     for (qsizetype i = 0; i < dividers_.size(); ++i)
         dividers_[i]->setVisible(i < content.sections.size() - 1);
+    QList<QWidget*> shown;
+    for (int i = 0; i < column_->count(); ++i)
+        shown.append(column_->itemAt(i)->widget());
+    setReadingOrder(shown);
 }
 
 int PanelColumn::contentHeight(int width) const {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/row_list.h"
 
+#include "ui/reading_order.h"
+
 #include <QEvent>
 
 #include <algorithm>
@@ -102,8 +104,18 @@ void RowList::makeMoreRows() {
     const qsizetype end = std::min(keys_.size(), filledUpTo_ + rowsPerTurn);
     for (; filledUpTo_ < end; ++filledUpTo_)
         makeRow(filledUpTo_);
-    if (filledUpTo_ == keys_.size())
-        filler_.stop();
+    if (filledUpTo_ < keys_.size())
+        return;
+    filler_.stop();
+    orderRows();
+}
+
+void RowList::orderRows() const {
+    QList<QWidget*> rows;
+    rows.reserve(keys_.size());
+    for (qsizetype i = 0; i < keys_.size(); ++i)
+        rows.append(row(i));
+    setReadingOrder(rows);
 }
 
 bool RowList::event(QEvent* event) {

@@ -46,6 +46,7 @@ private:
     void makeRow(qsizetype index);
     void placeRow(qsizetype index);
     void learnRowHeight();
+    void orderRows() const;
 
     Provide provide_;
     QStringList keys_;

@@ -26,6 +26,21 @@ protected:
     static QAccessibleInterface* accessible(QWidget* widget) {
         return QAccessible::queryAccessibleInterface(widget);
     }
+
+    /// The names of the visible buttons and texts below it, in the order of reading.
+    static QStringList read(QAccessibleInterface* top) {
+        QStringList names;
+        for (int i = 0; i < top->childCount(); ++i) {
+            QAccessibleInterface* child = top->child(i);
+            if (child->state().invisible)
+                continue;
+            const QString name = child->text(QAccessible::Name);
+            if (child->role() == QAccessible::Button || child->role() == QAccessible::StaticText)
+                names += name;
+            names += read(child);
+        }
+        return names;
+    }
 };
 
 TEST_F(KeyboardTest, TabGoesThroughTheControlsAsTheEyeDoes) {
@@ -92,6 +107,28 @@ TEST_F(KeyboardTest, EscapeInThePopoverClosesIt) {
     QTest::keyClick(picker->popover()->focusWidget(), Qt::Key_Escape);
     EXPECT_FALSE(picker->isPopoverPresented());
     EXPECT_TRUE(panel->isVisible());
+}
+
+TEST_F(KeyboardTest, WhatIsAddedIsReadWhereItIsSeen) {
+    open(test::stoppedState());
+    show(full());
+    EXPECT_EQ(read(accessible(&*panel)),
+              (QStringList{u"Tarnwick Network"_s, u"Connected"_s, u"IP Address"_s, u"100.64.0.1"_s,
+                           u"Hostname"_s, u"my-computer"_s, u"Devices"_s, u"(2)"_s,
+                           u"Switch network"_s, u"Disconnect"_s, u"Refresh"_s,
+                           u"Check for Updates..."_s, u"Website"_s, u"Quit Tarnwick Network"_s}));
+}
+
+TEST_F(KeyboardTest, RowsThatChangePlacesAreReadInTheirNewOrder) {
+    DaemonState state = full();
+    open(state);
+    auto* picker = find<ProfilePickerRow>();
+    click(picker);
+    state.profiles = {profile(u"a"_s, true), profile(u"d"_s), profile(u"c"_s), profile(u"b"_s)};
+    show(state);
+    const QStringList names = read(accessible(picker->popover()));
+    EXPECT_EQ(names.filter(u"user-"_s).first(), "user-d"_L1);
+    EXPECT_LT(names.indexOf(u"user-c"_s), names.indexOf(u"user-b"_s));
 }
 
 TEST_F(KeyboardTest, ControlsAreButtonsNamedByTheirTextsThatCanBePressed) {
