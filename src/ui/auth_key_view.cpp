@@ -7,6 +7,7 @@
 #include "ui/rounded_field.h"
 #include "ui/scrolling_text.h"
 
+#include <QEvent>
 #include <QPointer>
 #include <QVBoxLayout>
 
@@ -68,8 +69,21 @@ void AuthKeyView::layOut() {
     layout->addWidget(error_);
     layout->addStretch(1);
     layout->addLayout(makeButtons());
-    const int needed = layout->minimumHeightForWidth(formSize.width());
+    fitTexts();
+}
+
+void AuthKeyView::fitTexts() {
+    // Wide enough for its longer title, so that it does not move under the pointer.
+    const int longerTitle = connectButton_->fontMetrics().horizontalAdvance(u"Connecting..."_s);
+    connectButton_->setMinimumWidth(longerTitle + 2 * buttonPadding);
+    const int needed = layout()->minimumHeightForWidth(formSize.width());
     setFixedSize(formSize.width(), std::max(formSize.height(), needed));
+}
+
+bool AuthKeyView::event(QEvent* event) {
+    if (event->type() == QEvent::LayoutRequest)
+        fitTexts(); // they grow with the user's font
+    return QWidget::event(event);
 }
 
 QLayout* AuthKeyView::makeField(const QString& label, const QString& placeholder,
@@ -92,9 +106,6 @@ QLayout* AuthKeyView::makeButtons() {
     row->addStretch(1);
     row->addWidget(cancelButton_);
     row->addWidget(connectButton_);
-    // Wide enough for its longer title, so that it does not move under the pointer.
-    const int longerTitle = connectButton_->fontMetrics().horizontalAdvance(u"Connecting..."_s);
-    connectButton_->setMinimumWidth(longerTitle + 2 * buttonPadding);
     return row;
 }
 

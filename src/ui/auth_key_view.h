@@ -36,8 +36,12 @@ public:
     AuthKeyView(std::shared_ptr<DaemonManager> daemon, AuthKeyViewOptions options,
                 QWidget* parent = nullptr);
 
+protected:
+    bool event(QEvent* event) override;
+
 private:
     void layOut();
+    void fitTexts();
     QLayout* makeField(const QString& label, const QString& placeholder, QLineEdit* field);
     QLayout* makeButtons();
     void connectToNetwork();

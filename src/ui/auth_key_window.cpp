@@ -2,6 +2,7 @@
 #include "ui/auth_key_window.h"
 
 #include "ui/auth_key_view.h"
+#include "ui/font_change_forwarder.h"
 #include "ui/screen_center.h"
 
 #include <QDialog>
@@ -40,6 +41,7 @@ void AuthKeyWindow::show(const std::shared_ptr<DaemonManager>& daemon) {
                                     holder->reset();
                             }};
     layout->addWidget(new AuthKeyView(daemon, std::move(form), &window));
+    new FontChangeForwarder(&window);
     centerOnScreen(window);
     window.show();
     window.raise();

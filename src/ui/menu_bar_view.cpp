@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/menu_bar_view.h"
 
+#include "ui/font_change_forwarder.h"
 #include "ui/keyboard_focus.h"
 #include "ui/popover_row.h"
 
@@ -33,6 +34,7 @@ MenuBarView::MenuBarView(std::shared_ptr<DaemonManager> daemon, PanelCalls calls
     setWindowTitle(u"Tarnwick Network"_s);
     setFixedWidth(panelWidth);
     scrollArea_->setContents(column_);
+    new FontChangeForwarder(this);
     activationReview_.setSingleShot(true);
     QObject::connect(&activationReview_, &QTimer::timeout, this, &MenuBarView::reviewActivation);
     QObject::connect(&daemon_->objectWillChange, &ObjectWillChange::announced, this,

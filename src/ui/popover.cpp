@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/popover.h"
 
+#include "ui/font_change_forwarder.h"
 #include "ui/keyboard_focus.h"
 
 #include <QApplication>
@@ -14,6 +15,7 @@ Popover::Popover(QWidget* anchor, QWidget* content)
       anchor_(anchor), content_(content), surface_(this) {
     content_->setParent(this);
     setWindowTitle(content_->accessibleName());
+    new FontChangeForwarder(this);
 }
 
 void Popover::present() {

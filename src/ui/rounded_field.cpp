@@ -41,10 +41,10 @@ void RoundedField::paintEvent(QPaintEvent* event) {
     QLineEdit::paintEvent(event);
 }
 
-void RoundedField::changeEvent(QEvent* event) {
-    QLineEdit::changeEvent(event);
+bool RoundedField::event(QEvent* event) {
     if (event->type() == QEvent::ApplicationFontChange)
         setFont(look.font());
+    return QLineEdit::event(event);
 }
 
 } // namespace tarnwick

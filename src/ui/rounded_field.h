@@ -13,8 +13,8 @@ public:
     explicit RoundedField(QWidget* parent = nullptr);
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-    void changeEvent(QEvent* event) override;
 };
 
 } // namespace tarnwick

@@ -118,6 +118,13 @@ void RowList::orderRows() const {
     setReadingOrder(rows);
 }
 
+void RowList::fitRows() {
+    learnRowHeight();
+    for (qsizetype i = 0; i < keys_.size(); ++i)
+        placeRow(i);
+    updateGeometry();
+}
+
 bool RowList::event(QEvent* event) {
     switch (event->type()) {
     case QEvent::Move: // scrolled
@@ -130,10 +137,8 @@ bool RowList::event(QEvent* event) {
         makeRowsInSight();
         break;
     case QEvent::ApplicationFontChange:
-        learnRowHeight();
-        for (qsizetype i = 0; i < keys_.size(); ++i)
-            placeRow(i);
-        updateGeometry();
+        // Later: the rows may be told of it after this.
+        QMetaObject::invokeMethod(this, &RowList::fitRows, Qt::QueuedConnection);
         break;
     default:
         break;

@@ -46,6 +46,7 @@ private:
     void makeRow(qsizetype index);
     void placeRow(qsizetype index);
     void learnRowHeight();
+    void fitRows();
     void orderRows() const;
 
     Provide provide_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/update_alert.h"
 
+#include "ui/font_change_forwarder.h"
 #include "ui/form_button.h"
 #include "ui/screen_center.h"
 #include "ui/scrolling_text.h"
@@ -40,6 +41,7 @@ UpdateAlert::UpdateAlert(const UpdateDialog& content, OpenPage openPage, QWidget
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowModality(Qt::ApplicationModal);
     setWindowTitle(content.messageText);
+    new FontChangeForwarder(this);
     setAccessibleDescription(content.informativeText);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(padding, padding, padding, padding);

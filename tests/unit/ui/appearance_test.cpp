@@ -30,6 +30,37 @@ TEST_F(Appearance, RightToLeftLayoutsMirror) {
     EXPECT_EQ(row.os().x(), 16);
 }
 
+TEST_F(Appearance, TextsOfTwiceTheSizeFitWhileItIsOpen) {
+    const QFont original = QApplication::font();
+    const auto restore = qScopeGuard([&] { QApplication::setFont(original); });
+    DaemonState state = test::connectedState();
+    state.devices = test::numberedDevices(3);
+    open(state);
+    auto* entry = find<DevicesSubmenu>();
+    click(entry);
+    const int entryHeight = entry->height();
+    const int rowHeight = deviceRow(*entry, 0)->height();
+    const int panelHeight = panel->height();
+    QFont large = original;
+    large.setPixelSize(26);
+    QApplication::setFont(large);
+    settle();
+    EXPECT_GT(entry->height(), entryHeight);
+    EXPECT_GT(deviceRow(*entry, 0)->height(), rowHeight);
+    EXPECT_GE(deviceRow(*entry, 1)->y(), deviceRow(*entry, 0)->geometry().bottom());
+    EXPECT_GT(panel->height(), panelHeight);
+    EXPECT_EQ(panel->width(), 300);
+    for (const StyledLabel* label : panel->findChildren<StyledLabel*>()) {
+        EXPECT_EQ(label->font().pixelSize(), label->look().font().pixelSize());
+        EXPECT_GE(label->height(), label->fontMetrics().height()) << qPrintable(label->text());
+    }
+    QApplication::setFont(original);
+    settle();
+    EXPECT_EQ(panel->height(), panelHeight);
+    EXPECT_EQ(entry->height(), entryHeight);
+    EXPECT_EQ(deviceRow(*entry, 0)->height(), rowHeight);
+}
+
 TEST_F(Appearance, DarkAndLightFollowThePaletteWhileRunning) {
     const QPalette original = QApplication::palette();
     const auto restore = qScopeGuard([&] { QApplication::setPalette(original); });

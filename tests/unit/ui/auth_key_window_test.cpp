@@ -7,6 +7,8 @@
 #include <QPointer>
 #include <QScreen>
 
+#include <algorithm>
+
 namespace tarnwick::test {
 
 using namespace Qt::StringLiterals;
@@ -39,6 +41,26 @@ TEST_F(AuthKeyForm, LargeFontMakesTheWindowHigherRatherThanCutItsTexts) {
     for (const QLabel* label : dialog()->findChildren<QLabel*>())
         EXPECT_GE(label->height(), label->heightForWidth(label->width()))
             << qPrintable(label->text());
+    QApplication::setFont(before);
+}
+
+TEST_F(AuthKeyForm, FontThatGrowsWhileItIsOpenMakesItsTextsGrow) {
+    open();
+    const QFont before = QApplication::font();
+    const int usual = deviceName()->font().pixelSize();
+    QFont large = before;
+    large.setPixelSize(30);
+    QApplication::setFont(large);
+    const auto isCut = [](const QLabel* label) {
+        return label->isVisible() && label->height() < label->heightForWidth(label->width());
+    };
+    EXPECT_TRUE(waitUntil([&] {
+        return deviceName()->font().pixelSize() == 2 * usual &&
+               std::ranges::none_of(dialog()->findChildren<QLabel*>(), isCut);
+    }));
+    EXPECT_EQ(dialog()->width(), 400);
+    EXPECT_TRUE(dialog()->rect().contains(
+        QRect(connectButton()->mapTo(dialog(), QPoint(0, 0)), connectButton()->size())));
     QApplication::setFont(before);
 }
 
