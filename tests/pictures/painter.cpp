@@ -14,9 +14,21 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr int margin = 32;
+Popover* openPopover(MenuBarView& panel, Scene::Open open) {
+    PopoverRow* row = nullptr;
+    if (open == Scene::Open::Devices)
+        row = panel.findChild<DevicesSubmenu*>();
+    else if (open == Scene::Open::Picker)
+        row = panel.findChild<ProfilePickerRow*>();
+    if (row == nullptr)
+        return nullptr;
+    row->setPopoverPresented(true);
+    return row->popover();
+}
 
-/// Stacked translucent shapes, denser towards the window.
+} // namespace
+
+// Stacked translucent shapes, denser towards the window.
 void paintShadow(QPainter& painter, const QImage& window, const QPointF& place) {
     QImage shade = window;
     QPainter tint(&shade);
@@ -42,19 +54,9 @@ QImage imageOf(QWidget& window) {
     return image;
 }
 
-Popover* openPopover(MenuBarView& panel, Scene::Open open) {
-    PopoverRow* row = nullptr;
-    if (open == Scene::Open::Devices)
-        row = panel.findChild<DevicesSubmenu*>();
-    else if (open == Scene::Open::Picker)
-        row = panel.findChild<ProfilePickerRow*>();
-    if (row == nullptr)
-        return nullptr;
-    row->setPopoverPresented(true);
-    return row->popover();
+QColor groundColor(bool isDark) {
+    return isDark ? QColor(0x17, 0x18, 0x1b) : QColor(0xdd, 0xe3, 0xea);
 }
-
-} // namespace
 
 QPalette palette(bool isDark) {
     const QColor ground = isDark ? QColor(0x2a, 0x2a, 0x2c) : QColor(0xf8, 0xf8, 0xf9);
@@ -78,11 +80,11 @@ QImage picture(MenuBarView& panel, const Scene& scene, bool isDark) {
     QRect all = panel.geometry();
     if (popover != nullptr)
         all = all.united(popover->geometry());
-    all.adjust(-margin, -margin, margin, margin);
+    all.adjust(-pictureMargin, -pictureMargin, pictureMargin, pictureMargin);
     const qreal ratio = panel.devicePixelRatioF();
     QImage image(all.size() * ratio, QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(ratio);
-    image.fill(isDark ? QColor(0x17, 0x18, 0x1b) : QColor(0xdd, 0xe3, 0xea));
+    image.fill(groundColor(isDark));
     QPainter painter(&image);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     for (QWidget* window : {static_cast<QWidget*>(&panel), static_cast<QWidget*>(popover)}) {
