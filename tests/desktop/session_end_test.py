@@ -1,0 +1,30 @@
+# SPDX-License-Identifier: MIT
+"""The end of a session that has a session manager."""
+
+import unittest
+
+from desktop import wait_until
+from session import ADDRESS, GOOD_KEY, Session
+from session_manager import SessionManager
+
+NEVER_RESTARTED = 3
+
+
+class EndOfSession(unittest.TestCase):
+    def test_the_client_ends_when_told_to_and_leaves_the_daemon_as_it_is(self):
+        with SessionManager() as manager, \
+                Session(environment={"SESSION_MANAGER": manager.address}) as session:
+            session.begin(GOOD_KEY)
+            session.open_panel()
+            session.wait_for_texts("Connected", ADDRESS)
+            wait_until(lambda: len(manager.ready) == 1, "the client to join the session")
+            manager.end_session()
+            self.assertEqual(session.client.wait(20.0), 0)
+            # Its autostart entry starts it: restored as well, it would be there twice.
+            self.assertEqual(manager.properties["RestartStyleHint"][0], NEVER_RESTARTED)
+            self.assertEqual(session.daemon.account()["backendState"], "Running")
+            session.wait_for_calls([])
+
+
+if __name__ == "__main__":
+    unittest.main()
