@@ -117,6 +117,8 @@ class Walk:
                session.daemon.account()["profiles"]}
         session.daemon.clear_log()
         self.choose("Switch network")
+        session.wait_for(BUTTON, OTHER)
+        self.look()
         self.choose(OTHER)
         session.wait_for_texts("Connected", OTHER_ADDRESS, without=[ADDRESS])
         session.wait_for_calls([["switch", ids["fernwood-home"]], ["up"]])
