@@ -27,6 +27,7 @@ public:
     LocalSocket accept() const;
 
     bool isOpen() const { return descriptor_ >= 0; }
+
     int descriptor() const { return descriptor_; }
 
     /// Some of what has arrived: empty when nothing has, none once the other side has hung up.

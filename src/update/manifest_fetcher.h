@@ -16,6 +16,7 @@ namespace tarnwick {
 struct FetchFailure {
     QString reason;
 };
+
 using FetchResult = std::variant<QByteArray, FetchFailure>;
 
 /// Fetches the manifest over the network. Main thread.
@@ -29,7 +30,8 @@ public:
     ManifestFetcher() = default;
     ManifestFetcher(const ManifestFetcher&) = delete;
     ManifestFetcher& operator=(const ManifestFetcher&) = delete;
-    virtual ~ManifestFetcher() = default; ///< Ends what still runs; its completions are never called.
+    virtual ~ManifestFetcher() =
+        default; ///< Ends what still runs; its completions are never called.
 
     /// Calls `completion` once, in a later turn of the event loop.
     virtual void fetch(const UpdateServiceOptions& options, Completion completion) = 0;
