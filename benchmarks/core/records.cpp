@@ -17,7 +17,7 @@ void countItems(benchmark::State& state) {
 
 void decodeAndSortStatus(benchmark::State& state) {
     const auto json = tarnwick::bench::statusDocument(static_cast<int>(state.range(0)));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const auto status = tarnwick::StatusResponse::decode(json);
         auto devices = status->devices();
         benchmark::DoNotOptimize(devices);
@@ -27,7 +27,7 @@ void decodeAndSortStatus(benchmark::State& state) {
 
 void parseJsonAlone(benchmark::State& state) {
     const auto json = tarnwick::bench::statusDocument(static_cast<int>(state.range(0)));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         auto document = QJsonDocument::fromJson(json);
         benchmark::DoNotOptimize(document);
     }
@@ -36,7 +36,7 @@ void parseJsonAlone(benchmark::State& state) {
 
 void parseProfiles(benchmark::State& state) {
     const QString table = tarnwick::bench::profileTable(static_cast<int>(state.range(0)));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         auto profiles = tarnwick::parseProfileList(table);
         benchmark::DoNotOptimize(profiles);
     }

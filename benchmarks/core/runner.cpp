@@ -22,7 +22,7 @@ void runTool(benchmark::State& state) {
     timing.pollStep = std::chrono::milliseconds(0);
     const tarnwick::DaemonPaths paths{QStringLiteral("/tmp"), QStringLiteral("/tmp")};
     const tarnwick::CommandRunner runner(QLatin1StringView(tool), paths, timing, {});
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const double before = cpuSecondsWithChildren();
         auto output = runner.runCLI({QStringLiteral("status"), QStringLiteral("--json")});
         benchmark::DoNotOptimize(output);
@@ -39,7 +39,7 @@ pid_t spawnBare() {
 }
 
 void spawnAndLook(benchmark::State& state) {
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const double before = cpuSecondsWithChildren();
         const pid_t pid = spawnBare();
         while (waitpid(pid, nullptr, WNOHANG) == 0) {
@@ -50,7 +50,7 @@ void spawnAndLook(benchmark::State& state) {
 
 // Without even looking: what a run costs on a machine where nobody polls.
 void spawnAndSleep(benchmark::State& state) {
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const double before = cpuSecondsWithChildren();
         waitpid(spawnBare(), nullptr, 0);
         state.SetIterationTime(cpuSecondsWithChildren() - before);

@@ -69,10 +69,11 @@ QByteArray statusDocument(int peers) {
 QString profileTable(int profiles) {
     Random random(42);
     QString table = u"ID    Network             Account\n"_s;
-    for (int i = 0; i < profiles; ++i)
+    for (int i = 0; i < profiles; ++i) {
         table += u"%1  network-%2    person.%3@tarnwick.example%4\n"_s.arg(
             hexDigits(random, 4), hexDigits(random, 6), hexDigits(random, 8),
             i == 7 ? u"*"_s : u""_s);
+    }
     return table;
 }
 

@@ -65,13 +65,14 @@ class Panel {
 public:
     explicit Panel(int devices) : daemon_(makeDaemon()), view(daemon_, {}) {
         QList<DeviceInfo> all;
-        for (int i = 0; i < devices; ++i)
+        for (int i = 0; i < devices; ++i) {
             all.append({QString::number(i),
                         QStringLiteral("device-%1").arg(i),
                         {},
                         {QStringLiteral("100.64.%1.%2").arg(i / 250).arg(i % 250)},
                         i % 2 == 0,
                         QStringLiteral("linux")});
+        }
         daemon_->isConnected.set(true);
         daemon_->ipAddress.set(QStringLiteral("100.64.0.1"));
         daemon_->hostname.set(QStringLiteral("my-computer"));
@@ -119,7 +120,7 @@ double openEmptyWindow(const QSize& size) {
 
 void openPanelAgain(benchmark::State& state) {
     Panel panel(12);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         panel.view.hide();
         runEventLoop(5);
         const Stopwatch stopwatch;
@@ -130,14 +131,14 @@ void openPanelAgain(benchmark::State& state) {
 
 void openWindowOfThatSize(benchmark::State& state) {
     const QSize size = Panel(12).view.size();
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         state.SetIterationTime(openEmptyWindow(size));
 }
 
 void openDevices(benchmark::State& state) {
     Panel panel(int(state.range(0)));
     auto* row = panel.view.findChild<DevicesSubmenu*>();
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const Stopwatch stopwatch;
         row->setPopoverPresented(true);
         PaintWatch watch(*row->popover());
@@ -150,7 +151,7 @@ void openDevices(benchmark::State& state) {
 }
 
 void openWindowOfPopoverSize(benchmark::State& state) {
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         state.SetIterationTime(openEmptyWindow({269, 330}));
 }
 

@@ -20,6 +20,8 @@ public:
     }
 
     ~Descriptor();
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
 
     int get() const { return value_; }
 

@@ -23,6 +23,8 @@ public:
 
     explicit PanelPresenter(MakePanel makePanel);
     ~PanelPresenter() override;
+    PanelPresenter(const PanelPresenter&) = delete;
+    PanelPresenter& operator=(const PanelPresenter&) = delete;
 
     /// A click on the icon: closes an open panel, opens a closed one beside the icon.
     void toggle(const std::optional<QRect>& icon);

@@ -18,6 +18,8 @@ class StatusArea : public QObject {
 public:
     StatusArea();
     ~StatusArea() override;
+    StatusArea(const StatusArea&) = delete;
+    StatusArea& operator=(const StatusArea&) = delete;
 
 Q_SIGNALS:
     /// There is a status area. Sent at least once after construction, in a later turn of the event

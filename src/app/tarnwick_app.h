@@ -25,6 +25,8 @@ public:
     /// launches are listened for. Main thread, with a QApplication.
     explicit TarnwickApp(const QString& launchSocket, DaemonManagerOptions options = {});
     ~TarnwickApp() override;
+    TarnwickApp(const TarnwickApp&) = delete;
+    TarnwickApp& operator=(const TarnwickApp&) = delete;
 
     /// The one controller, whoever asks and however often.
     const std::shared_ptr<DaemonManager>& daemon() const { return daemon_; }

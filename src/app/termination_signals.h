@@ -17,6 +17,8 @@ class TerminationSignals : public QObject {
 public:
     TerminationSignals();
     ~TerminationSignals() override;
+    TerminationSignals(const TerminationSignals&) = delete;
+    TerminationSignals& operator=(const TerminationSignals&) = delete;
 
 Q_SIGNALS:
     void received();

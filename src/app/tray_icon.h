@@ -21,6 +21,8 @@ class TrayIcon : public QObject {
 public:
     explicit TrayIcon(const Platform& platform);
     ~TrayIcon() override;
+    TrayIcon(const TrayIcon&) = delete;
+    TrayIcon& operator=(const TrayIcon&) = delete;
 
     /// Where the icon is, in device-independent pixels; none when the status area does not tell.
     std::optional<QRect> geometry() const;

@@ -14,6 +14,8 @@ class WakeUp : public QObject {
 public:
     WakeUp();
     ~WakeUp() override;
+    WakeUp(const WakeUp&) = delete;
+    WakeUp& operator=(const WakeUp&) = delete;
 
 Q_SIGNALS:
     void woke();

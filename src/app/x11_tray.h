@@ -23,6 +23,8 @@ class X11Tray : public QObject, public QAbstractNativeEventFilter {
 public:
     X11Tray();
     ~X11Tray() override;
+    X11Tray(const X11Tray&) = delete;
+    X11Tray& operator=(const X11Tray&) = delete;
 
     /// Whether there is a tray now. Asks the X server.
     bool exists();

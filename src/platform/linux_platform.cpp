@@ -9,7 +9,7 @@ namespace {
 
 // systemd restarts the daemon whenever it ends. BROWSER keeps a daemon that wants to open a log-in
 // page from opening it as root.
-constexpr auto jobText = R"([Unit]
+constexpr auto systemdUnit = R"([Unit]
 Description=Tarnwick mesh network daemon
 Wants=network-online.target
 After=network-online.target
@@ -44,7 +44,7 @@ Platform linuxPlatform() {
         .systemSocket = QStringLiteral("/var/run/tarnwick.sock"),
         .installDir = QStringLiteral("/opt/tarnwick"),
         .jobFileName = job,
-        .jobFileText = QString::fromLatin1(jobText),
+        .jobFileText = QString::fromLatin1(systemdUnit),
         .installedJobFile = QStringLiteral("/etc/systemd/system/") + job,
         .bundledJobDirectory = QStringLiteral("/../share/tarnwick/"),
         .loadJobStep = QStringLiteral("systemctl daemon-reload && systemctl enable --now ") + job,

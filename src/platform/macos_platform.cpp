@@ -9,7 +9,7 @@ namespace {
 
 // launchd restarts the daemon whenever it ends. BROWSER keeps a daemon that wants to open a log-in
 // page from opening it as root.
-constexpr auto jobText = R"(<?xml version="1.0" encoding="UTF-8"?>
+constexpr auto launchdJob = R"(<?xml version="1.0" encoding="UTF-8"?>
 <!DOCTYPE plist PUBLIC "-//Apple//DTD PLIST 1.0//EN" "http://www.apple.com/DTDs/PropertyList-1.0.dtd">
 <plist version="1.0">
 <dict>
@@ -64,7 +64,7 @@ Platform macOSPlatform() {
         .systemSocket = QStringLiteral("/var/run/tarnwick.sock"),
         .installDir = QStringLiteral("/Library/Application Support/Tarnwick"),
         .jobFileName = jobFile,
-        .jobFileText = QString::fromLatin1(jobText),
+        .jobFileText = QString::fromLatin1(launchdJob),
         .installedJobFile = installedJobFile,
         .bundledJobDirectory = QStringLiteral("/../Resources/"),
         .loadJobStep = QStringLiteral("launchctl load ") + installedJobFile,

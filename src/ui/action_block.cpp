@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/action_block.h"
 
+#include "ui/column_items.h"
 #include "ui/divider.h"
 #include "ui/menu_button.h"
 #include "ui/profile_picker_row.h"
@@ -24,11 +25,6 @@ QString keyOf(const PanelContent::Action& action) {
     return u"divider"_s;
 }
 
-void clear(QVBoxLayout& column) {
-    while (const auto* item = column.takeAt(0))
-        delete item;
-}
-
 } // namespace
 
 ActionBlock::ActionBlock(QWidget* parent) : QWidget(parent), column_(new QVBoxLayout(this)) {
@@ -39,7 +35,7 @@ ActionBlock::ActionBlock(QWidget* parent) : QWidget(parent), column_(new QVBoxLa
 void ActionBlock::setContent(const PanelContent::Actions& content) {
     QHash<QString, QWidget*> kept;
     QList<QWidget*> shown;
-    clear(*column_);
+    takeAllItems(*column_);
     for (const PanelContent::Action& action : content.actions) {
         const QString key = keyOf(action);
         QWidget* row = rowFor(action, rows_.take(key));

@@ -7,6 +7,7 @@
 #include <QStyle>
 
 #include <algorithm>
+#include <utility>
 
 namespace tarnwick {
 
@@ -24,8 +25,9 @@ constexpr TextLook osLook{TextStyle::Caption2};
 
 } // namespace
 
-DeviceRow::DeviceRow(const PanelContent::Device& device, QWidget* parent)
-    : QWidget(parent), device_(device), name_(new ElidedLabel(nameLook, ThemeColor::Label, this)),
+DeviceRow::DeviceRow(PanelContent::Device device, QWidget* parent)
+    : QWidget(parent), device_(std::move(device)),
+      name_(new ElidedLabel(nameLook, ThemeColor::Label, this)),
       address_(new ElidedLabel(addressLook, ThemeColor::Secondary, this)),
       os_(new ElidedLabel(osLook, ThemeColor::Secondary, this)) {
     address_->setElideMode(Qt::ElideMiddle);

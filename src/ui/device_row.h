@@ -15,7 +15,7 @@ class DeviceRow : public QWidget {
 public:
     static constexpr int dotSize = 8;
 
-    explicit DeviceRow(const PanelContent::Device& device, QWidget* parent = nullptr);
+    explicit DeviceRow(PanelContent::Device device, QWidget* parent = nullptr);
 
     void setDevice(const PanelContent::Device& device);
 

@@ -73,11 +73,12 @@ bool moveFocus(QWidget* window, int direction) {
 }
 
 void scrollIntoView(QWidget* widget) {
-    for (QWidget* above = widget->parentWidget(); above != nullptr; above = above->parentWidget())
+    for (QWidget* above = widget->parentWidget(); above != nullptr; above = above->parentWidget()) {
         if (auto* area = qobject_cast<QScrollArea*>(above)) {
             area->ensureWidgetVisible(widget, 0, 0);
             return;
         }
+    }
 }
 
 } // namespace tarnwick

@@ -165,11 +165,12 @@ void MenuBarView::reviewActivation() {
 }
 
 bool MenuBarView::closeInnermostPopover() {
-    for (PopoverRow* row : findChildren<PopoverRow*>())
+    for (PopoverRow* row : findChildren<PopoverRow*>()) {
         if (row->isPopoverPresented()) {
             row->setPopoverPresented(false);
             return true;
         }
+    }
     return false;
 }
 

@@ -30,6 +30,8 @@ public:
 
     MenuBarView(std::shared_ptr<DaemonManager> daemon, PanelCalls calls, QWidget* parent = nullptr);
     ~MenuBarView() override;
+    MenuBarView(const MenuBarView&) = delete;
+    MenuBarView& operator=(const MenuBarView&) = delete;
 
     /// Size in which the panel would open now; its contents are brought up to date first.
     QSize panelSize();

@@ -9,7 +9,7 @@ namespace tarnwick {
 
 namespace {
 
-constexpr RowGeometry grid{.look = {TextStyle::Body}, .verticalPadding = 6};
+constexpr RowGeometry buttonGrid{.look = {TextStyle::Body}, .verticalPadding = 6};
 
 } // namespace
 
@@ -25,12 +25,12 @@ void MenuButton::setContent(const PanelContent::Button& content) {
 }
 
 QSize MenuButton::sizeHint() const {
-    return {0, grid.rowHeight()};
+    return {0, buttonGrid.rowHeight()};
 }
 
 void MenuButton::paintRow(QPainter& painter) {
-    grid.paintSymbolAndTitle(painter, *this, content_.symbol, content_.title,
-                             grid.textRect(rect()));
+    buttonGrid.paintSymbolAndTitle(painter, *this, content_.symbol, content_.title,
+                                   buttonGrid.textRect(rect()));
 }
 
 } // namespace tarnwick

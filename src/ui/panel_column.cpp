@@ -2,6 +2,7 @@
 #include "ui/panel_column.h"
 
 #include "ui/action_block.h"
+#include "ui/column_items.h"
 #include "ui/devices_submenu.h"
 #include "ui/divider.h"
 #include "ui/error_view.h"
@@ -13,15 +14,6 @@
 
 namespace tarnwick {
 
-namespace {
-
-void clear(QVBoxLayout& column) {
-    while (const auto* item = column.takeAt(0))
-        delete item;
-}
-
-} // namespace
-
 PanelColumn::PanelColumn(QWidget* parent) : QWidget(parent), column_(new QVBoxLayout(this)) {
     column_->setContentsMargins(0, 0, 0, 0);
     column_->setSpacing(0);
@@ -29,7 +21,7 @@ PanelColumn::PanelColumn(QWidget* parent) : QWidget(parent), column_(new QVBoxLa
 
 void PanelColumn::setContent(const PanelContent& content) {
     removeUnused(content);
-    clear(*column_);
+    takeAllItems(*column_);
     for (qsizetype i = 0; i < content.sections.size(); ++i) {
         if (i > 0)
             addDivider(i - 1);

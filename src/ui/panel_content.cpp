@@ -49,20 +49,22 @@ void addSwitchActions(QList<PanelContent::Action>& actions, const DaemonState& s
     QList<NetworkProfile> others;
     std::ranges::copy_if(state.profiles, std::back_inserter(others),
                          [](const NetworkProfile& profile) { return !profile.isCurrent; });
-    if (!others.isEmpty())
+    if (!others.isEmpty()) {
         actions.append(PanelContent::ProfilePicker{u"switch"_s, u"Switch network"_s,
                                                    u"arrow.left.arrow.right"_s,
                                                    PanelContent::profileLines(others, true)});
+    }
     actions.append(PanelContent::Button{u"Disconnect"_s, u"network.slash"_s, {Kind::Disconnect}});
 }
 
 void addConnectActions(QList<PanelContent::Action>& actions, const DaemonState& state) {
     // Logging in comes first where there is no log-in or no daemon to switch with.
     const bool canPick = state.backendState != "NeedsLogin"_L1 && state.daemonInstalled;
-    if (canPick && !state.profiles.isEmpty())
+    if (canPick && !state.profiles.isEmpty()) {
         actions.append(PanelContent::ProfilePicker{
             u"connect"_s, u"Connect (%1)"_s.arg(state.profiles.size()), u"network"_s,
             PanelContent::profileLines(state.profiles, false)});
+    }
     actions.append(authKeyButton());
 }
 

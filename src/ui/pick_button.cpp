@@ -12,9 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int horizontalPadding = 12;
-constexpr int gap = 8;
-constexpr int lineGap = 1;
+constexpr int markGap = 8;
 
 } // namespace
 
@@ -53,7 +51,7 @@ QString PickButton::tooltipText() const {
 }
 
 void PickButton::placeTexts() {
-    const int left = horizontalPadding + symbolColumnWidth() + gap;
+    const int left = horizontalPadding + symbolColumnWidth() + markGap;
     const int textWidth = width() - left - horizontalPadding - reservedWidth_;
     const int titleHeight = title_->sizeHint().height();
     const int subtitleHeight = subtitle_->sizeHint().height();

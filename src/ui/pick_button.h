@@ -12,6 +12,9 @@ class PickButton : public RowButton {
     Q_OBJECT
 
 public:
+    static constexpr int horizontalPadding = 12;
+    static constexpr int lineGap = 1; ///< Between its two lines of text.
+
     explicit PickButton(QWidget* parent);
 
     void setProfile(const PanelContent::Profile& profile);

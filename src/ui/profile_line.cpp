@@ -9,10 +9,8 @@ namespace tarnwick {
 
 namespace {
 
-constexpr int horizontalPadding = 12;
-constexpr int verticalPadding = 6;
-constexpr int gap = 6;
-constexpr int lineGap = 1;
+constexpr int linePadding = 6;
+constexpr int removeGap = 6;
 
 } // namespace
 
@@ -29,21 +27,21 @@ ProfileLine::ProfileLine(QWidget* parent)
 void ProfileLine::setProfile(const PanelContent::Profile& profile) {
     profile_ = profile;
     pick_->setProfile(profile_);
-    pick_->setReservedWidth(profile_.remove ? RemoveButton::sideLength + gap : 0);
+    pick_->setReservedWidth(profile_.remove ? RemoveButton::sideLength + removeGap : 0);
     remove_->setVisible(profile_.remove.has_value());
     remove_->setAccessibleDescription(pick_->accessibleName());
 }
 
 QSize ProfileLine::sizeHint() const {
-    const int texts =
-        pick_->title().sizeHint().height() + lineGap + pick_->subtitle().sizeHint().height();
-    return {0, std::max(texts, RemoveButton::sideLength) + 2 * verticalPadding};
+    const int texts = pick_->title().sizeHint().height() + PickButton::lineGap +
+                      pick_->subtitle().sizeHint().height();
+    return {0, std::max(texts, RemoveButton::sideLength) + 2 * linePadding};
 }
 
 void ProfileLine::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     pick_->setGeometry(rect());
-    const QRect trash(width() - horizontalPadding - RemoveButton::sideLength,
+    const QRect trash(width() - PickButton::horizontalPadding - RemoveButton::sideLength,
                       (height() - RemoveButton::sideLength) / 2, RemoveButton::sideLength,
                       RemoveButton::sideLength);
     remove_->setGeometry(QStyle::visualRect(layoutDirection(), rect(), trash));

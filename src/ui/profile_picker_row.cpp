@@ -10,7 +10,7 @@ namespace tarnwick {
 
 namespace {
 
-constexpr RowGeometry grid{.look = {TextStyle::Body}, .verticalPadding = 6};
+constexpr RowGeometry pickerGrid{.look = {TextStyle::Body}, .verticalPadding = 6};
 
 }
 
@@ -25,13 +25,13 @@ void ProfilePickerRow::setContent(const PanelContent::ProfilePicker& content) {
 }
 
 QSize ProfilePickerRow::sizeHint() const {
-    return {0, grid.rowHeight()};
+    return {0, pickerGrid.rowHeight()};
 }
 
 void ProfilePickerRow::paintRow(QPainter& painter) {
-    grid.paintSymbolAndTitle(painter, *this, content_.symbol, content_.title,
-                             grid.textRectBeforeChevron(rect()));
-    grid.paintChevron(painter, *this);
+    pickerGrid.paintSymbolAndTitle(painter, *this, content_.symbol, content_.title,
+                                   pickerGrid.textRectBeforeChevron(rect()));
+    pickerGrid.paintChevron(painter, *this);
 }
 
 PopoverList* ProfilePickerRow::makeList() {

@@ -13,11 +13,11 @@ using namespace Qt::StringLiterals;
 
 RemoveButton::RemoveButton(QWidget* parent) : RowButton(parent) {
     setFixedSize(sideLength, sideLength);
-    setAccessibleName(tooltipText());
+    setAccessibleName(u"Remove profile"_s);
 }
 
 QString RemoveButton::tooltipText() const {
-    return u"Remove profile"_s;
+    return accessibleName();
 }
 
 void RemoveButton::paintRow(QPainter& painter) {

@@ -13,16 +13,15 @@ namespace tarnwick {
 namespace {
 
 constexpr TextLook look{TextStyle::Body};
-constexpr double radius = 5;
-constexpr int verticalPadding = 3;
-constexpr int horizontalPadding = 4;
+constexpr double frameRadius = 5;
+constexpr QMargins ownTextMargins{4, 3, 4, 3};
 
 } // namespace
 
 RoundedField::RoundedField(QWidget* parent) : QLineEdit(parent) {
     setFont(look.font());
     setFrame(false);
-    setTextMargins(horizontalPadding, verticalPadding, horizontalPadding, verticalPadding);
+    setTextMargins(ownTextMargins);
     QPalette transparent;
     transparent.setColor(QPalette::Base, Qt::transparent); // the style would paint its corners
     setPalette(transparent);
@@ -36,7 +35,7 @@ void RoundedField::paintEvent(QPaintEvent* event) {
         const QRectF frame = QRectF(rect()).adjusted(line / 2, line / 2, -line / 2, -line / 2);
         painter.setPen(QPen(hasFocus() ? focusColor(palette()) : borderColor(palette()), line));
         painter.setBrush(QApplication::palette(this).color(QPalette::Base));
-        painter.drawRoundedRect(frame, radius, radius);
+        painter.drawRoundedRect(frame, frameRadius, frameRadius);
     }
     QLineEdit::paintEvent(event);
 }

@@ -35,11 +35,12 @@ RowList::RowList(Provide provide, QWidget* parent) : QWidget(parent), provide_(s
 void RowList::setRows(const QStringList& keys) {
     keys_ = distinct(keys);
     QHash<QString, QWidget*> kept;
-    for (qsizetype i = 0; i < keys_.size(); ++i)
+    for (qsizetype i = 0; i < keys_.size(); ++i) {
         if (QWidget* row = rows_.take(keys_[i])) {
             provide_(row, i);
             kept.insert(keys_[i], row);
         }
+    }
     for (QWidget* gone : std::as_const(rows_)) {
         gone->hide();
         gone->deleteLater();

@@ -16,7 +16,7 @@ namespace tarnwick {
 namespace {
 
 constexpr int alertWidth = 460;
-constexpr int padding = 24;
+constexpr int alertPadding = 24;
 constexpr int iconSize = 48;
 constexpr int textSpacing = 6;
 constexpr int linesInSight = 12; // of a text as long as a server wants it
@@ -44,11 +44,11 @@ UpdateAlert::UpdateAlert(const UpdateDialog& content, OpenPage openPage, QWidget
     new FontChangeForwarder(this);
     setAccessibleDescription(content.informativeText);
     auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(padding, padding, padding, padding);
-    layout->setSpacing(padding - 8);
+    layout->setContentsMargins(alertPadding, alertPadding, alertPadding, alertPadding);
+    layout->setSpacing(alertPadding - 8);
     layout->addWidget(makeIcon(this), 0, Qt::AlignTop);
     auto* column = new QVBoxLayout;
-    column->setSpacing(padding - 4);
+    column->setSpacing(alertPadding - 4);
     column->addWidget(makeTexts(content));
     column->addWidget(makeButtons(content.buttons));
     layout->addLayout(column, 1);
@@ -65,7 +65,7 @@ QWidget* UpdateAlert::makeTexts(const UpdateDialog& content) {
     message->setContent(content.messageText);
     layout->addWidget(message);
     auto* informative = new ScrollingText({TextStyle::Body}, ThemeColor::Label, texts);
-    informative->setFixedWidth(alertWidth - 2 * padding - iconSize - (padding - 8));
+    informative->setFixedWidth(alertWidth - 2 * alertPadding - iconSize - (alertPadding - 8));
     informative->setMaximumTextHeight(linesInSight * informative->minimumSizeHint().height());
     informative->setText(content.informativeText);
     layout->addWidget(informative);

@@ -14,7 +14,7 @@ namespace tarnwick {
 
 namespace {
 
-constexpr int usualWidth = 268; // of the panel without its paddings
+constexpr int panelTextWidth = 268; // of the panel without its paddings
 
 /// Breaks the text into lines of that width; returns their height together.
 double breakIntoLines(QTextLayout& layout, int width, Qt::Alignment alignment) {
@@ -47,7 +47,7 @@ WrappedLabel::WrappedLabel(const TextLook& look, ThemeColor color, QWidget* pare
 }
 
 QSize WrappedLabel::sizeHint() const {
-    return {usualWidth, heightForWidth(usualWidth)};
+    return {panelTextWidth, heightForWidth(panelTextWidth)};
 }
 
 QSize WrappedLabel::minimumSizeHint() const {
