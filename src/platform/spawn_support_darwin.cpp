@@ -1,38 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "platform/spawn_support.h"
 
-#include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
 
 namespace tarnwick {
 
-namespace {
-
-// There is no pipe2() here. A child that another thread starts between pipe() and this call is
-// safe all the same: every child of ours closes by default what it is not given.
-int closedInChildren(int descriptor) {
-    const int moved = fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
-    close(descriptor);
-    return moved;
-}
-
-} // namespace
-
-int makePipe(int (&ends)[2]) {
-    int made[2];
-    if (pipe(made) != 0)
-        return errno;
-    made[0] = closedInChildren(made[0]);
-    made[1] = closedInChildren(made[1]);
-    if (made[0] < 0 || made[1] < 0) {
-        close(made[0]);
-        close(made[1]);
-        return EMFILE;
-    }
-    ends[0] = made[0];
-    ends[1] = made[1];
-    return 0;
+// There is no pipe2() here. A child that another thread starts before the ends are marked is safe
+// all the same: every child of ours closes by default what it is not given.
+bool openPipe(int (&ends)[2]) {
+    if (pipe(ends) != 0)
+        return false;
+    for (const int end : ends)
+        fcntl(end, F_SETFD, FD_CLOEXEC);
+    return true;
 }
 
 void closeInheritedDescriptors(posix_spawnattr_t&, posix_spawn_file_actions_t& actions,
