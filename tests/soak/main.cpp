@@ -15,6 +15,7 @@ using tarnwick::soak::Soak;
 namespace {
 
 constexpr int settledAfter = 100;
+constexpr int reportEvery = 1000;
 constexpr long memorySlackKiB = 2048;
 
 // Hundreds of times: the platform plug-in without a screen cannot raise windows.
@@ -66,6 +67,10 @@ int main(int argc, char** argv) {
         if (!soak.refresh()) {
             std::printf("refresh %d, %s\n", i, qPrintable(soak.account()));
             return fail("the client does not know what the tool said");
+        }
+        if ((i + 1) % reportEvery == 0) {
+            std::printf("after %d: %ld KiB private\n", i + 1, ProcessUsage::now().privateKiB);
+            std::fflush(stdout);
         }
         for (; opened < static_cast<long>(openings) * (i + 1) / refreshes; ++opened)
             if (!soak.openAndClose())
