@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace tarnwick {
 
 namespace {
@@ -18,10 +20,14 @@ QPalette paletteOf(const QColor& ground, const QColor& text) {
     return palette;
 }
 
-class ColorsOfPalette : public testing::TestWithParam<QPalette> {};
+using GroundAndText = std::pair<QRgb, QRgb>;
+
+class ColorsOfPalette : public testing::TestWithParam<GroundAndText> {
+protected:
+    const QPalette palette = paletteOf(QColor(GetParam().first), QColor(GetParam().second));
+};
 
 TEST_P(ColorsOfPalette, TextsAreLegibleOnTheGroundAndOnAHighlightedRow) {
-    const QPalette& palette = GetParam();
     const QColor ground = backgroundColor(palette);
     const QColor highlighted = blended(highlightColor(palette), ground);
     for (const ThemeColor color : allColors) {
@@ -32,7 +38,6 @@ TEST_P(ColorsOfPalette, TextsAreLegibleOnTheGroundAndOnAHighlightedRow) {
 }
 
 TEST_P(ColorsOfPalette, ColorsKeepTheirHue) {
-    const QPalette& palette = GetParam();
     const QColor green = themeColor(ThemeColor::Green, palette);
     EXPECT_GT(green.green(), green.red());
     EXPECT_GT(green.green(), green.blue());
@@ -46,12 +51,10 @@ TEST_P(ColorsOfPalette, ColorsKeepTheirHue) {
 
 INSTANTIATE_TEST_SUITE_P(
     Palettes, ColorsOfPalette,
-    testing::Values(paletteOf(Qt::white, Qt::black), paletteOf(QColor(0xef, 0xef, 0xef), Qt::black),
-                    paletteOf(QColor(0xf6, 0xf5, 0xf4), QColor(0x2e, 0x34, 0x36)),
-                    paletteOf(QColor(0x24, 0x24, 0x24), Qt::white),
-                    paletteOf(QColor(0x35, 0x35, 0x35), QColor(0xee, 0xee, 0xec)),
-                    paletteOf(Qt::black, Qt::white),
-                    paletteOf(QColor(0xfd, 0xf6, 0xe3), QColor(0x65, 0x7b, 0x83))));
+    testing::Values(GroundAndText(0xffffff, 0x000000), GroundAndText(0xefefef, 0x000000),
+                    GroundAndText(0xf6f5f4, 0x2e3436), GroundAndText(0x242424, 0xffffff),
+                    GroundAndText(0x353535, 0xeeeeec), GroundAndText(0x000000, 0xffffff),
+                    GroundAndText(0xfdf6e3, 0x657b83)));
 
 TEST(Colors, DarkIsWhereTextsAreLighterThanTheGround) {
     EXPECT_FALSE(isDark(paletteOf(Qt::white, Qt::black)));
