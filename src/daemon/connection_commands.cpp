@@ -35,6 +35,7 @@ void DaemonManager::disconnect() {
 
 void DaemonManager::switchProfile(const QString& id) {
     pendingCurrentProfileID_ = id;
+    refresh_.currentProfileMayChange();
     perform(
         [id](const CommandRunner& runner) {
             runner.runCLI({u"switch"_s, id}); // whether it worked shows in what "up" says
@@ -52,6 +53,7 @@ void DaemonManager::finishConnecting(const QString& output) {
 
 void DaemonManager::connectWithAuthKey(const QString& authKey, const QString& deviceName,
                                        Completion completion) {
+    refresh_.currentProfileMayChange();
     perform(
         [authKey, deviceName, nudge = platform_.nudgeDaemon](const CommandRunner& runner) {
             ensureDaemonRunning(runner, nudge);

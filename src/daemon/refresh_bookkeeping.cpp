@@ -11,12 +11,18 @@ bool RefreshBookkeeping::begin(bool forceProfiles) {
         return false;
     }
     isRefreshing_ = true;
+    commandsBefore_ = commands_;
     return true;
 }
 
 bool RefreshBookkeeping::end() {
     isRefreshing_ = false;
     return std::exchange(pendingForceProfileRefresh_, false);
+}
+
+void RefreshBookkeeping::profilesWereRead(Clock::time_point now) {
+    lastProfileRefresh_ = now;
+    commandsBeforeProfiles_ = commandsBefore_;
 }
 
 bool RefreshBookkeeping::isProfileListOld(Clock::time_point now) const {

@@ -8,7 +8,7 @@ namespace tarnwick {
 
 /// Which refresh requests run, and what a refresh reads: at most one at a time, any number of
 /// forced requests meanwhile become one more afterwards, and the profile list is re-read when it
-/// is forced, empty or old.
+/// is forced, empty or old. Knows, too, whether that list is of the same network as the status.
 ///
 /// Main thread only; that alone keeps refreshes apart.
 class RefreshBookkeeping {
@@ -28,7 +28,13 @@ public:
         return forceProfiles || isListEmpty || isProfileListOld(now());
     }
 
-    void profilesWereRead(Clock::time_point now) { lastProfileRefresh_ = now; }
+    void profilesWereRead(Clock::time_point now);
+
+    /// A command has been queued after which another profile may be the current one.
+    void currentProfileMayChange() { ++commands_; }
+
+    /// Whether no such command came between the last reading of the profiles and this refresh.
+    bool profilesAreOfThisStatus() const { return commandsBeforeProfiles_ == commandsBefore_; }
 
     /// Ends the refresh; returns whether a forced one has to follow.
     bool end();
@@ -42,6 +48,9 @@ private:
     bool pendingForceProfileRefresh_ = false;
     std::optional<Clock::time_point> lastProfileRefresh_; ///< None: in the distant past.
     std::chrono::milliseconds profileRefreshInterval_;
+    int commands_ = 0;
+    int commandsBefore_ = 0; ///< This refresh, or the last one.
+    int commandsBeforeProfiles_ = 0;
 };
 
 } // namespace tarnwick

@@ -75,7 +75,9 @@ void DaemonManager::publishStatus(const StatusResponse& status,
     isConnected.set(status.isConnected());
     ipAddress.set(status.ipAddress());
     hostname.set(status.hostname());
-    if (isConnected())
+    // A poll queued behind a switch or a log-in tells of the new network while the list still marks
+    // the old one, whose details it must not replace. The forced refresh that follows reads both.
+    if (isConnected() && refresh_.profilesAreOfThisStatus())
         rememberCurrentProfileDetails(ipAddress(), hostname());
     errorMessage.set(std::nullopt);
     devices.set(sortedDevices);

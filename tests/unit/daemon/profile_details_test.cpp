@@ -16,6 +16,9 @@ using namespace Qt::StringLiterals;
 using test::ControllerWorld;
 
 const auto listWithoutCurrent = "header\np1 harbor mira\np2 kite mira\n";
+const auto listWithSecondCurrent = "header\np1 harbor mira\np2 kite mira*\n";
+const auto statusOfSecond =
+    R"({"BackendState":"Running","Self":{"Online":true,"HostName":"other"}})";
 
 class ProfileDetails : public testing::Test {
 protected:
@@ -89,6 +92,28 @@ TEST_F(ProfileDetails, OutliveTheController) {
     world_.answer("status", ControllerWorld::stoppedStatus());
     const auto manager = world_.createRefreshed();
     EXPECT_EQ(manager->profiles()[0].ipAddress, u"100.64.0.2"_s);
+}
+
+TEST_F(ProfileDetails, PollBehindASwitchLeavesThoseOfTheOldNetworkAlone) {
+    const auto manager = world_.createRefreshed(); // p1 is marked as current
+    world_.answer("status", statusOfSecond);
+    world_.answer("list", listWithSecondCurrent);
+    manager->switchProfile(u"p2"_s);
+    manager->refreshStatus(); // queued behind it, and does not read the list
+    ASSERT_TRUE(test::waitUntil([&] { return manager->profiles()[1].isCurrent; }));
+    EXPECT_EQ(world_.storedDetails(), (ProfileDetailsMap{{u"p1"_s, {u"100.64.0.2"_s, u"laptop"_s}},
+                                                         {u"p2"_s, {u""_s, u"other"_s}}}));
+}
+
+TEST_F(ProfileDetails, PollBehindALogInLeavesThoseOfTheOldNetworkAlone) {
+    const auto manager = world_.createRefreshed();
+    world_.answer("status", statusOfSecond);
+    world_.answer("list", listWithSecondCurrent);
+    manager->connectWithAuthKey(u"key"_s, {});
+    manager->refreshStatus();
+    ASSERT_TRUE(test::waitUntil([&] { return manager->profiles()[1].isCurrent; }));
+    EXPECT_EQ(world_.storedDetails(), (ProfileDetailsMap{{u"p1"_s, {u"100.64.0.2"_s, u"laptop"_s}},
+                                                         {u"p2"_s, {u""_s, u"other"_s}}}));
 }
 
 TEST_F(ProfileDetails, FirstOfSeveralCurrentProfilesIsRemembered) {
