@@ -87,7 +87,7 @@ class WhenConnected(Calls):
         session.wait_for_texts("Software Update", "Close")
         problem = [text for text in session.texts() if text.startswith("Couldn't check")]
         self.assertEqual(len(problem), 1)
-        self.assertRegex(problem[0], r"^Couldn't check for updates: .")
+        self.assertRegex(problem[0], r"^Couldn't check for updates: .*api\.tarnwick\.example")
         session.click("Close")
         wait_until(lambda: "Software Update" not in session.texts(), "the alert to close")
         self.assertEqual(session.opened(), [])

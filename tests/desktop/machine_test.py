@@ -9,7 +9,7 @@ import subprocess
 import time
 import unittest
 
-from desktop import stays, wait_until
+from desktop import BIN_DIR, stays, wait_until
 from session import ADDRESS, GOOD_KEY, Session
 
 KEYS = ("twkey-fernwood-good", GOOD_KEY)
@@ -230,6 +230,16 @@ class Surroundings(unittest.TestCase):
         session.close_panel()
         session.open_panel()
         return "Connected" in session.texts()
+
+    def test_the_module_that_checks_for_updates_is_damaged(self):
+        (module,) = BIN_DIR.glob("tarnwick-network-*.so")
+        session = self.start(mounts=f"mount --bind /dev/null '{module}'")
+        session.click("Check for Updates...")
+        session.wait_for_texts("Software Update", "Close")
+        problem = next(text for text in session.texts() if text.startswith("Couldn't check"))
+        self.assertIn(module.name, problem)
+        session.click("Close")
+        session.refresh(*CONNECTED)
 
     def test_the_display_goes(self):
         session = self.start()
