@@ -23,6 +23,8 @@ public:
     /// impossible the program runs without: a second launch then finds nobody.
     explicit LaunchChannel(const QString& path);
     ~LaunchChannel() override;
+    LaunchChannel(const LaunchChannel&) = delete;
+    LaunchChannel& operator=(const LaunchChannel&) = delete;
 
     /// Asks the copy that listens at `path` to show its panel, and waits for its answer for at most
     /// `patience`: it may have started only just now. `activationToken` lets it take the focus.

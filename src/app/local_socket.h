@@ -15,9 +15,11 @@ namespace tarnwick {
 class LocalSocket {
 public:
     LocalSocket() = default; ///< None: every operation fails.
+    ~LocalSocket();
+    LocalSocket(const LocalSocket&) = delete;
+    LocalSocket& operator=(const LocalSocket&) = delete;
     LocalSocket(LocalSocket&& other) noexcept;
     LocalSocket& operator=(LocalSocket&& other) noexcept;
-    ~LocalSocket();
 
     /// Listens at `path`, in place of whatever lies there; only its user can connect.
     static LocalSocket listeningAt(const QString& path);

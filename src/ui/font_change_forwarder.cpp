@@ -15,11 +15,12 @@ bool FontChangeForwarder::eventFilter(QObject* watched, QEvent* event) {
     if (watched != parent() || event->type() != QEvent::ApplicationFontChange)
         return false;
     const auto* window = static_cast<const QWidget*>(watched);
-    for (QWidget* widget : window->findChildren<QWidget*>())
-        if (widget->window() == window) {
-            QEvent forwarded(QEvent::ApplicationFontChange);
-            QCoreApplication::sendEvent(widget, &forwarded);
-        }
+    for (QWidget* widget : window->findChildren<QWidget*>()) {
+        if (widget->window() != window)
+            continue;
+        QEvent forwarded(QEvent::ApplicationFontChange);
+        QCoreApplication::sendEvent(widget, &forwarded);
+    }
     return false;
 }
 
