@@ -43,7 +43,7 @@ def main(package, tree, build):
     paths = {"/" + p.relative_to(tree).as_posix(): p for p in tree.rglob("*") if not p.is_dir()}
     bundled = {path for path in paths if BUNDLED.fullmatch(path)}
     version = pathlib.Path(package).name.split("_")[1].split("-")[0]
-    needed = NEEDED | {f"/usr/lib/tarnwick-client/tarnwick-network-{version}.so"}
+    needed = NEEDED | {f"/usr/lib/tarnwick-client/modules/tarnwick-network-{version}.so"}
     problems = [f"lacks {path}" for path in sorted(needed - set(paths))]
     problems += [f"holds {path}" for path in sorted(set(paths) - needed - bundled)]
 
