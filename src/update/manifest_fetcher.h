@@ -22,7 +22,7 @@ using FetchResult = std::variant<QByteArray, FetchFailure>;
 /// Fetches the manifest over the network. Main thread.
 ///
 /// What implements it is a module that is loaded by the first check: Qt's network library and all
-/// that it draws in would weigh as much as the client itself, which needs them once in a blue moon.
+/// that it draws in weigh more than a megabyte, and most days nobody checks.
 class ManifestFetcher {
 public:
     using Completion = std::function<void(const FetchResult&)>;
