@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 # Test builds read the headers of Qt and GoogleTest once for a target, not once for each of its files.
-# What is shipped is built without: so no file can lack an include unnoticed.
+# What is shipped is built without: so no file can lack an include unnoticed. Joined sources read
+# them once anyway.
 
 option(TARNWICK_PRECOMPILE_HEADERS "Precompile the headers of libraries" OFF)
 
@@ -12,27 +13,22 @@ set(TARNWICK_WIDGET_HEADERS ${TARNWICK_CORE_HEADERS}
 
 # tarnwick_precompile_headers(TARGET HEADERS…)
 function(tarnwick_precompile_headers target)
-  if(TARNWICK_PRECOMPILE_HEADERS)
+  if(TARNWICK_PRECOMPILE_HEADERS AND NOT CMAKE_UNITY_BUILD)
     target_precompile_headers(${target} PRIVATE ${ARGN})
   endif()
 endfunction()
 
-# tarnwick_precompile_test_headers(TARGET LIBRARY): one test program precompiles for all those of the
-# core, and one of a folder above it; Qt's test library tells every folder's programs where they are.
-function(tarnwick_precompile_test_headers target library)
-  if(library STREQUAL "tarnwick_core")
-    set(headers ${TARNWICK_CORE_HEADERS})
-    set(scope GLOBAL)
-  else()
-    set(headers ${TARNWICK_WIDGET_HEADERS})
-    set(scope DIRECTORY)
+# tarnwick_precompile_test_headers(TARGET CORE|WIDGET): the first of either kind precompiles for all.
+function(tarnwick_precompile_test_headers target kind)
+  if(NOT TARNWICK_PRECOMPILE_HEADERS)
+    return()
   endif()
-  get_property(first ${scope} PROPERTY tarnwick_precompiled_test_headers)
-  if(first AND TARNWICK_PRECOMPILE_HEADERS)
+  get_property(first GLOBAL PROPERTY tarnwick_first_of_${kind}_tests)
+  if(first)
     target_precompile_headers(${target} REUSE_FROM ${first})
     return()
   endif()
-  tarnwick_precompile_headers(${target} ${headers} <gmock/gmock.h> <gtest/gtest.h> <QDir>
-                              <QTemporaryDir>)
-  set_property(${scope} PROPERTY tarnwick_precompiled_test_headers ${target})
+  set_property(GLOBAL PROPERTY tarnwick_first_of_${kind}_tests ${target})
+  target_precompile_headers(${target} PRIVATE ${TARNWICK_${kind}_HEADERS} <gmock/gmock.h>
+                            <gtest/gtest.h> <QDir> <QTemporaryDir>)
 endfunction()

@@ -7,6 +7,7 @@ usage: apple_objects.py BUILD_DIRECTORY PROCESSOR
 
 import json
 import pathlib
+import re
 import shlex
 import struct
 import subprocess
@@ -43,10 +44,18 @@ def sources(root):
     return found - LINUX_ONLY
 
 
+def compiled(path):
+    """The sources that are compiled with a file: itself, or those that CMake joined in it."""
+    if path.parent.name != "Unity":
+        return {path.resolve()}
+    joined = re.findall(r'^#include "(.+)"$', path.read_text(), re.M)
+    return {pathlib.Path(name).resolve() for name in joined}
+
+
 def left_out(wanted, commands, root):
-    """Those of the wanted sources that no compile command names."""
-    named = {pathlib.Path(command["file"]).resolve() for command in commands}
-    return sorted(source for source in wanted if (root / source).resolve() not in named)
+    """Those of the wanted sources that no compile command reaches."""
+    reached = set().union(*(compiled(pathlib.Path(command["file"])) for command in commands))
+    return sorted(source for source in wanted if (root / source).resolve() not in reached)
 
 
 def output_of(command):

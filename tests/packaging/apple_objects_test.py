@@ -46,6 +46,14 @@ class Sources(unittest.TestCase):
         wanted = apple_objects.sources(self.root)
         self.assertEqual(apple_objects.left_out(wanted, commands, self.root), ["src/b.cpp"])
 
+    def test_sources_that_are_joined_are_compiled(self):
+        self.add("src/a.cpp", "src/b.cpp", "src/c.cpp", "build/Unity/unity_0_cxx.cxx")
+        joined = self.root / "build/Unity/unity_0_cxx.cxx"
+        joined.write_text("".join(f'#include "{self.root}/src/{name}.cpp"\n' for name in "ab"))
+        wanted = apple_objects.sources(self.root)
+        self.assertEqual(apple_objects.left_out(wanted, [{"file": str(joined)}], self.root),
+                         ["src/c.cpp"])
+
 
 class Objects(unittest.TestCase):
     def reason(self, content, processor="arm64"):

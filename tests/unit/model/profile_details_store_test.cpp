@@ -82,7 +82,7 @@ TEST_F(ProfileDetailsStoreTest, EncodedDetailsDecodeToTheSame) {
     const auto text = [&random] {
         QString result;
         for (quint32 i = random.bounded(8U); i > 0; --i)
-            result += QString::fromUcs4(U"a\"\\\n\u00E9\u4E2D\U0001F600/" + random.bounded(8), 1);
+            result += QString::fromUcs4(&U"a\"\\\n\u00E9\u4E2D\U0001F600/"[random.bounded(8)], 1);
         return result;
     };
     for (int round = 0; round < 500; ++round) {
