@@ -36,9 +36,9 @@ class ClientCost:
             with SimulatedDaemon(world=quick_world(), directory=desktop.home / "daemon") as daemon:
                 daemon.log_in("twkey-harbor-good")
                 (state_directory / "tarnwick.sock").symlink_to(daemon.socket)
-                self._desktop = desktop
+                self._desktop, self._daemon = desktop, daemon
                 self._watch = TrayWatch(desktop.environment["DISPLAY"], desktop.tray)
-                self._tool = programs()[1]
+                self._simulator = programs()
                 self._client, self._minimal = self._copies(desktop.home / "bin")
                 return self._memory_and_start() + self._polling()
 
@@ -50,8 +50,8 @@ class ClientCost:
 
     def _copies(self, directory):
         directory.mkdir()
-        for name in ("tarnwick-client", "minimal_tray", self._tool.name):
-            shutil.copy2(self._bin_dir / name, directory)
+        for program in ("tarnwick-client", "minimal_tray", *self._simulator):
+            shutil.copy2(self._bin_dir / program, directory)
         return directory / "tarnwick-client", directory / "minimal_tray"
 
     def _memory_and_start(self):
@@ -77,16 +77,23 @@ class ClientCost:
     def _once(self, program, use):
         """Starts a program alone, measures it to its icon and at rest, and ends it."""
         self._watch.wait_for_none()
+        self._daemon.clear_log()
         process = self._desktop.start(program)
         self._watch.wait_for_icon()
         result = {"cpu": process_cost.cpu_seconds(process.pid)}
         time.sleep(2.0)
         result["pss"] = process_cost.pss_kib(process.pid)
+        if program == self._client and not self._polls_asked():
+            sys.exit("the client did not reach the daemon: its figures would mean nothing")
         if use:
             self._open_and_close(process)
             result["pss_used"] = process_cost.pss_kib(process.pid)
         self._desktop.end(process)
         return result
+
+    def _polls_asked(self):
+        """How many polls the daemon has answered since its log was cleared."""
+        return sum(entry["command"] == "status" for entry in self._daemon.log())
 
     def _open_and_close(self, process):
         self._desktop.click_tray()
@@ -97,30 +104,38 @@ class ClientCost:
         time.sleep(1.0)
 
     def _polling(self):
-        """All three at once: they share whatever else the machine does meanwhile."""
+        """All at once: they share whatever else the machine does meanwhile."""
+        tool, socket = self._simulator[1], self._desktop.home / ".tarnwick/tarnwick.sock"
         minimal = self._desktop.start(self._minimal)
         client = self._desktop.start(self._client)
-        loop = self._desktop.start("sh", "-c", SHELL_LOOP, self._tool,
-                                   self._desktop.home / ".tarnwick/tarnwick.sock")
+        loop = self._desktop.start("sh", "-c", SHELL_LOOP, tool, socket)
+        bare = self._desktop.start(self._bin_dir / "bare_poll", tool, f"--socket={socket}",
+                                   "status", "--json")
         time.sleep(POLL_INTERVAL / 2)  # between the polls of both
-        before = {p.pid: process_cost.cpu_seconds(p.pid) for p in (client, minimal, loop)}
+        self._daemon.clear_log()
+        before = {p.pid: process_cost.cpu_seconds(p.pid) for p in (client, loop, bare)}
         counts = {p.pid: process_cost.WakeUpCount(p.pid) for p in (client, minimal)}
         end = time.monotonic() + self._polls * POLL_INTERVAL
         while time.monotonic() < end:
             for count in counts.values():
                 count.sample()
             time.sleep(process_cost.WakeUpCount.STEP)
+        asked = self._polls_asked()
+        if abs(asked - 3 * self._polls) > 3:
+            sys.exit(f"{asked} polls reached the daemon, not {self._polls} of each")
         used = {pid: process_cost.cpu_seconds(pid) - begin for pid, begin in before.items()}
-        for process in (loop, client, minimal):
+        for process in (bare, loop, client, minimal):
             self._desktop.end(process)
-        a_poll = used[client.pid] / self._polls * 1000
-        of_loop = used[loop.pid] / self._polls * 1000
+        a_poll, of_loop, at_least = (
+            used[process.pid] / self._polls * 1000 for process in (client, loop, bare))
         per_minute = 60 / (self._polls * POLL_INTERVAL)
         total, idle = counts[client.pid].total(), counts[client.pid].beside(self._polls)
         return [
             Figure("CPU a poll, children's not counted", a_poll, "ms", 2.0),
             Figure("CPU a poll : shell loop's own", a_poll / of_loop, "x", 1.0,
                    f"{a_poll:.2f} : {of_loop:.2f} ms"),
+            Figure("the same : run the tool, read, forget", a_poll / at_least, "x", None,
+                   f"{a_poll:.2f} : {at_least:.2f} ms"),
             Figure("wake-ups a minute between polls", idle * per_minute, "", 0),
             Figure("wake-ups a minute in all", total * per_minute, "", None,
                    f"{total / self._polls:.1f} a poll; minimal tray program "

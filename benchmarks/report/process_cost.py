@@ -44,7 +44,7 @@ class WakeUpCount:
     """Counts the wake-ups of a process, and those among them that belong to no poll."""
 
     STEP = 0.02
-    POLL = 0.7  # a poll is over after one look at the tool's end and some work
+    POLL = 1.4  # a poll is over after one look at the end of each of two runs, and some work
     QUIET = 1.0  # parts one burst of wake-ups from the next
 
     def __init__(self, pid):
