@@ -17,11 +17,20 @@ namespace {
 
 constexpr QSize displaySize{18, 18};
 
-QPixmap decodedPicture(const QByteArray& text) {
-    auto bytes = QByteArray::fromBase64Encoding(text, QByteArray::AbortOnBase64DecodingErrors);
-    if (!bytes)
-        return {};
-    QBuffer buffer(&bytes.decoded);
+/// The file that `text` stands for, "" when it stands for none.
+QByteArray decodedText(const QByteArray& text) {
+    const auto bytes =
+        QByteArray::fromBase64Encoding(text, QByteArray::AbortOnBase64DecodingErrors);
+    return bytes ? bytes.decoded : QByteArray();
+}
+
+/// Whether a file is a PNG from its first bytes to its last; its pixels may still be no picture.
+bool isWholePng(const QByteArray& file) {
+    return file.startsWith("\x89PNG\r\n\x1a\n") && file.endsWith("IEND\xae\x42\x60\x82");
+}
+
+QPixmap decodedPicture(QByteArray file) {
+    QBuffer buffer(&file);
     QImageReader reader(&buffer, "png");
     // Left to detect the format, Qt loads every image plug-in and asks it.
     reader.setAutoDetectImageFormat(false);
@@ -55,15 +64,17 @@ QIcon networkSymbol() {
 } // namespace
 
 MenuBarIcon MenuBarIcon::make(const Platform& platform, const QByteArray& text) {
-    const QPixmap picture = decodedPicture(text);
-    if (!picture.isNull() && platform.templateIcon) {
+    const QByteArray file = decodedText(text);
+    // Where nothing tints the picture, its light grey vanishes on a light panel: the same glyph is
+    // drawn instead, and the picture not even decoded.
+    if (!platform.templateIcon && isWholePng(file))
+        return {networkGlyphIcon(installedThemeIcon()), displaySize, false, {}};
+    const QPixmap picture = platform.templateIcon ? decodedPicture(file) : QPixmap();
+    if (!picture.isNull()) {
         QIcon icon(picture);
         icon.setIsMask(true);
         return {icon, displaySize, true, {}};
     }
-    // Elsewhere nothing tints the picture, and light grey vanishes on a light panel.
-    if (!picture.isNull())
-        return {networkGlyphIcon(installedThemeIcon()), displaySize, false, {}};
     const QIcon symbol = networkSymbol();
     if (symbol.isNull())
         qFatal("Unexpectedly found nil while unwrapping an Optional value");

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPixmap>
 
+#include <array>
 #include <numbers>
 
 namespace tarnwick {
@@ -17,18 +18,27 @@ constexpr double satelliteRadius = 0.088;
 constexpr double orbit = 0.365;
 constexpr double lineWidth = 0.05;
 constexpr double outlineWidth = 0.045;
-constexpr int satelliteCount = 6;
+
+/// From the hub to each satellite, a sixth of a turn apart. Known beforehand, and the lines are
+/// filled as polygons: angles and pens would load a quarter of a megabyte of tables and code at
+/// every start of the program.
+constexpr double sixtyDegreesAside = std::numbers::sqrt3 / 2;
+constexpr std::array<QPointF, 6> directions = {{{0, -1},
+                                                {sixtyDegreesAside, -0.5},
+                                                {sixtyDegreesAside, 0.5},
+                                                {0, 1},
+                                                {-sixtyDegreesAside, 0.5},
+                                                {-sixtyDegreesAside, -0.5}}};
 
 void paintGlyph(QPainter& painter, double size, double margin, const QColor& color) {
-    QPen pen(color, (lineWidth + 2 * margin) * size);
-    pen.setCapStyle(Qt::FlatCap);
+    painter.setPen(Qt::NoPen);
     painter.setBrush(color);
-    for (int i = 0; i < satelliteCount; ++i) {
-        const double angle = 2 * std::numbers::pi * i / satelliteCount;
-        const QPointF satellite(orbit * size * std::sin(angle), -orbit * size * std::cos(angle));
-        painter.setPen(pen);
-        painter.drawLine(QPointF(0, 0), satellite);
-        painter.setPen(Qt::NoPen);
+    const double halfLine = (lineWidth / 2 + margin) * size;
+    for (const QPointF& direction : directions) {
+        const QPointF satellite = direction * orbit * size;
+        const QPointF side = QPointF(-direction.y(), direction.x()) * halfLine;
+        const QPointF line[] = {side, satellite + side, satellite - side, -side};
+        painter.drawConvexPolygon(line, 4);
         const double radius = (satelliteRadius + margin) * size;
         painter.drawEllipse(satellite, radius, radius);
     }
