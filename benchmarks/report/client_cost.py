@@ -35,6 +35,7 @@ class ClientCost:
             (desktop.home / "daemon").mkdir()
             with SimulatedDaemon(world=quick_world(), directory=desktop.home / "daemon") as daemon:
                 daemon.log_in("twkey-harbor-good")
+                daemon.wait_for(lambda status: status["BackendState"] == "Running")
                 (state_directory / "tarnwick.sock").symlink_to(daemon.socket)
                 self._desktop, self._daemon = desktop, daemon
                 self._watch = TrayWatch(desktop.environment["DISPLAY"], desktop.tray)
@@ -121,7 +122,7 @@ class ClientCost:
                 count.sample()
             time.sleep(process_cost.WakeUpCount.STEP)
         asked = self._polls_asked()
-        if abs(asked - 3 * self._polls) > 3:
+        if abs(asked - 3 * self._polls) > min(3, self._polls - 1):
             sys.exit(f"{asked} polls reached the daemon, not {self._polls} of each")
         used = {pid: process_cost.cpu_seconds(pid) - begin for pid, begin in before.items()}
         for process in (bare, loop, client, minimal):

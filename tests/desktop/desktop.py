@@ -122,14 +122,14 @@ class Process(subprocess.Popen):
 class Desktop:
     """An X display with a window manager, two buses and, if asked for, a tray at an edge."""
 
-    def __init__(self, size="1280x800", dpi=96, tray=None, session_bus=True, environment=None):
+    def __init__(self, size="1280x800", tray=None, session_bus=True, environment=None):
         # Not TMPDIR, which may be too long for the path of a socket.
         self.directory = pathlib.Path(tempfile.mkdtemp(prefix="tw-desktop-", dir="/tmp"))
         self.home = self._make_directory("home")
         self.runtime = self._make_directory("run")
         self.processes = []
         self.tray = None
-        self._size, self._dpi, self._tray_edge = size, dpi, tray
+        self._size, self._tray_edge = size, tray
         self._has_session_bus = session_bus
         self.environment = self._base_environment()
         self.environment.update(environment or {})
@@ -201,7 +201,7 @@ class Desktop:
     def _start_display(self):
         reader, writer = os.pipe()
         self.start("Xvfb", "-displayfd", writer, "-screen", "0", f"{self._size}x24", "-dpi",
-                   self._dpi, "-nolisten", "tcp", "-noreset", pass_fds=(writer,))
+                   96, "-nolisten", "tcp", "-noreset", pass_fds=(writer,))
         os.close(writer)
         with os.fdopen(reader) as pipe:
             number = pipe.readline().strip()

@@ -16,8 +16,8 @@ STOPPED_TOOL = '#!/bin/sh\necho "$@" >>"$0.calls"\necho \'{"BackendState": "Stop
 
 def calls(client):
     """What the tool beside that copy of the client was called with, without the socket."""
-    (log,) = client.parent.glob("tarnwick-*.calls") or (None,)
-    return [line.split(" ", 1)[1] for line in log.read_text().splitlines()] if log else []
+    return [line.split(" ", 1)[1] for log in client.parent.glob("tarnwick-*.calls")
+            for line in log.read_text().splitlines()]
 
 
 class CommandLine(unittest.TestCase):

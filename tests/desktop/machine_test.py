@@ -70,6 +70,7 @@ class Settings(unittest.TestCase):
         session.start_client()
         session.refresh(*CONNECTED)
         self.assertTrue(stays(lambda: "Connected" in session.texts(), 1.0))
+        self.assertFalse(path.exists())
         lock.unlink()
         session.refresh(*CONNECTED)
         wait_until(path.exists, "the settings", 10.0)
@@ -198,16 +199,18 @@ class Surroundings(unittest.TestCase):
                    if process.args[0] == "dbus-daemon")
         bus.stop(signal.SIGKILL)
         self.assertTrue(stays(session.client.is_running, 1.0))
+        session.daemon.clear_log()
         # Nobody can read it out any more; keys and mouse still work it.
         session.desktop.key("Escape")
         session.desktop.wait_for_no_panel(session.client)
         session.desktop.click(session.icon.center)
         session.desktop.wait_for_panel(session.client)
-        self.assertTrue(stays(session.client.is_running, 6.0))
-        self.assertGreater(len(session.calls()), 2)
+        wait_until(lambda: len(session.calls("list")) >= 2, "two polls")
+        self.assertTrue(session.client.is_running())
 
     def test_the_tray_goes_and_comes_back(self):
         session = self.start()
+        session.close_panel()
         session.desktop.stop_tray()
         self.assertEqual(session.start_again().wait(10.0), 0)
         session.wait_for_texts(*CONNECTED)

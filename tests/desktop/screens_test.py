@@ -28,15 +28,6 @@ class Screens(unittest.TestCase):
         self.check_two_screens("bottom", "left", 1)
         self.check_two_screens("right", "center", 0)
 
-    def test_at_192_dpi_everything_is_twice_as_large(self):
-        with Desktop(size="1600x1200", dpi=192) as desktop:
-            desktop.environment["QT_SCALE_FACTOR"] = "2"
-            desktop.start_tray("top", "right")
-            icon, panel = self.open_panel(desktop)
-            self.assertEqual(panel.width, 600)
-            self.assertTrue(Rect(0, 0, 1600, 1200).contains(panel), panel)
-            self.assertFalse(panel.intersects(icon), (panel, icon))
-
     def test_fractional_and_double_scales_keep_it_beside_the_icon(self):
         for scale, width in ((1.5, 450), (2, 600)):
             for edge in ("top", "bottom"):

@@ -10,11 +10,11 @@ The user works with the mouse, the keys or assistive technology, and what is sho
 technology reads. What was asked of the daemon comes from the daemon.
 """
 
+import concurrent.futures
 import os
 import shutil
 import subprocess
 import time
-import unittest
 
 from desktop import BIN_DIR, TIME_LIMIT, Desktop, Rect, stays, wait_until
 from screen_reader import ScreenReader
@@ -42,6 +42,15 @@ def with_mounts(mounts, *line):
     wrapper = AS_ROOT if os.getuid() == 0 else AS_USER
     text = {"mounts": f"set -e; {mounts};", "uid": os.getuid(), "gid": os.getgid()}
     return [part.format(**text) for part in wrapper] + [str(part) for part in line]
+
+
+def at_the_same_time(work, sessions):
+    """Does that work in every session; fails with the first failure, when all have ended. Time
+    limits make many tests slow, and waiting costs nothing."""
+    with concurrent.futures.ThreadPoolExecutor(len(sessions)) as pool:
+        futures = [pool.submit(work, *session) for session in sessions]
+    for future in futures:
+        future.result()
 
 
 def removal(profile):
@@ -106,7 +115,7 @@ class Session:
         probe = subprocess.run(with_mounts(self._mounts, "true"), env=self.desktop.environment,
                                capture_output=True, timeout=TIME_LIMIT, check=False)
         if probe.returncode != 0:
-            raise unittest.SkipTest(f"no view of the files of its own: {probe.stderr.decode()}")
+            raise RuntimeError(f"no view of the files of its own: {probe.stderr.decode()}")
         self.desktop.user_socket.parent.mkdir()
         if self._starts_daemon:
             self.daemon.start()
@@ -257,6 +266,19 @@ class Session:
         """The commands that the daemon was asked for since the log was cleared, without those."""
         return [entry["arguments"] for entry in self.daemon.log()
                 if entry["command"] not in ignored]
+
+    def wait_while(self, shown, condition, what, seconds=TIME_LIMIT):
+        """Waits for the condition; `shown(texts)` has to hold all the while and a moment longer,
+        as what the daemon has answered shows only then."""
+
+        def checked(value):
+            texts = self.texts()
+            if not shown(texts):
+                raise AssertionError(f"while waiting for {what}: {texts}")
+            return value
+
+        wait_until(lambda: checked(condition()), what, seconds, step=0.1)
+        stays(lambda: checked(True), 1.0, step=0.1)
 
     def wait_for_calls(self, wanted, seconds=TIME_LIMIT):
         """Waits until the daemon was asked for exactly these commands, polls aside."""

@@ -1,105 +1,17 @@
 # SPDX-License-Identifier: MIT
-"""Every fault of the daemon and its tool in every state of the client: what the user sees
-meanwhile, and that the first good answer puts it right.
+"""Faults of the daemon and its tool while a command runs: what the user sees meanwhile, and that
+the next try succeeds. Each fault has a desktop of its own."""
 
-Time limits make this slow, and waiting costs nothing: the states are tried at the same time, each
-on a desktop of its own.
-"""
-
-import concurrent.futures
-import contextlib
 import unittest
 
-from desktop import stays, wait_until
-from session import ADDRESS, BUTTON, FIELD, GOOD_KEY, Session
+from desktop import wait_until
+from session import ADDRESS, BUTTON, FIELD, GOOD_KEY, Session, at_the_same_time
 
 KEYS = ("twkey-fernwood-good", GOOD_KEY)
 GONE_WRONG = "error: the daemon is not in the mood (simulated)\n"
 TIMED_OUT = "error: connection timed out"
 LOG_IN_HEADING = "Connect to Tarnwick Network"
 LIMIT = 20.0  # seconds, for what takes the client's own limit of twelve
-
-
-def at_the_same_time(work, sessions):
-    """Does that work in every session; fails with the first failure, when all have ended."""
-    with concurrent.futures.ThreadPoolExecutor(len(sessions)) as pool:
-        futures = [pool.submit(work, *session) for session in sessions]
-    for future in futures:
-        future.result()
-
-
-class StatusInEveryState(unittest.TestCase):
-    """The poll fails. The state that it leads back to is the one before."""
-
-    @classmethod
-    def setUpClass(cls):
-        def start(name, installed=True, keys=KEYS, down=False, shown=()):
-            session = cls.enterClassContext(Session(installed=installed))
-            for key in keys:
-                session.daemon.log_in(key)
-            if down:
-                session.daemon.tool("down")
-            session.refresh(*shown)
-            cls.states.append((name, session, shown))
-
-        cls.states = []
-        start("needs login", keys=(), shown=("Needs Login", "Use Auth Key..."))
-        start("connected", shown=("Connected", ADDRESS, "Switch network", "Disconnect", "Devices"))
-        start("disconnected", down=True, shown=("Stopped", "Connect (2)", "Use Auth Key..."))
-        start("not installed", installed=False, shown=("Connected", ADDRESS, "Switch network"))
-
-    def check(self, fault, seconds=LIMIT, meanwhile="Stopped"):
-        def go_through(name, session, shown):
-            with self.naming(name):
-                session.daemon.clear_log()
-                session.daemon.set_faults(fault)
-                session.refresh(meanwhile, without=["Disconnect", "IP Address", "Devices"],
-                                seconds=seconds)
-                self.assertIn(fault.partition("@")[0], self.faults_told(session))
-                self.assertTrue(session.client.is_running())
-                session.daemon.set_faults("none")
-                session.refresh(*shown, seconds=seconds)
-
-        at_the_same_time(go_through, self.states)
-
-    @staticmethod
-    def faults_told(session):
-        return {entry["fault"] for entry in session.daemon.log()}
-
-    @contextlib.contextmanager
-    def naming(self, state):
-        try:
-            yield
-        except Exception as failure:
-            raise AssertionError(f"when {state}: {failure}") from failure
-
-    def test_error(self):
-        self.check("error")
-
-    def test_crash(self):
-        self.check("crash")
-
-    def test_garbage(self):
-        self.check("garbage")
-
-    def test_hang(self):
-        self.check("hang@status")
-
-    def test_flood(self):
-        self.check("flood@status")
-
-    def test_slow_is_late_and_nothing_else(self):
-        def go_through(name, session, shown):
-            with self.naming(name):
-                session.daemon.set_faults("slow:1.5")
-                session.daemon.clear_log()
-                session.refresh(*shown)
-                wait_until(lambda: self.faults_told(session) == {"slow:1.5"}, "a slow status")
-                self.assertTrue(stays(lambda: set(shown) <= set(session.texts()), 3.0, step=0.2))
-                session.daemon.set_faults("none")
-                session.refresh(*shown)
-
-        at_the_same_time(go_through, self.states)
 
 
 class Commands(unittest.TestCase):
@@ -141,14 +53,13 @@ class Commands(unittest.TestCase):
     def test_disconnecting_tells_nothing_and_leaves_the_connection(self):
         def work(session, fault, message, seconds):
             self.connect(session)
-            session.daemon.set_faults(f"{fault}@down")
+            # The next status would clear a message; it is to stand long enough to be seen.
+            session.daemon.set_faults(f"{fault}@down", "slow:2@status")
             session.daemon.clear_log()
             session.click("Disconnect")
-            # The poll goes on behind the command.
-            wait_until(lambda: self.polled_after(session, "down"), "a status", seconds)
-            texts = session.texts()
-            self.assertIn("Connected", texts)
-            self.assertNotIn(message, texts)
+            session.wait_while(lambda texts: "Connected" in texts and message not in texts,
+                               lambda: self.polled_after(session, "down"), "a status", seconds)
+            self.assertTrue(self.met(session, "down"))
             session.daemon.set_faults("none")
             session.click("Disconnect")
             session.wait_for_texts("Stopped", without=["Disconnect"])
@@ -159,6 +70,12 @@ class Commands(unittest.TestCase):
     def polled_after(session, command):
         names = [entry["command"] for entry in session.daemon.log()]
         return command in names and "status" in names[names.index(command):]
+
+    @staticmethod
+    def met(session, *commands):
+        """Whether each of these commands met a fault since the log was cleared."""
+        faulty = {entry["command"] for entry in session.daemon.log() if entry["fault"]}
+        return set(commands) <= faulty
 
     def test_removing_tells_and_keeps_the_profile(self):
         def work(session, fault, message, seconds):
@@ -178,12 +95,14 @@ class Commands(unittest.TestCase):
     def test_switching_that_fails_tells_nothing_if_the_network_comes_up(self):
         def work(session, fault, message, seconds):
             self.connect(session)
-            session.daemon.set_faults(f"{fault}@switch")
+            session.daemon.set_faults(f"{fault}@switch", "slow:2@status")
             session.daemon.clear_log()
             session.click("Switch network")
             session.click("Mira Lindqvist")
-            wait_until(lambda: self.polled_after(session, "up"), "a status", seconds)
-            session.wait_for_texts("Connected", ADDRESS, without=[message])
+            session.wait_while(lambda texts: message not in texts,
+                               lambda: self.polled_after(session, "up"), "a status", seconds)
+            self.assertTrue(self.met(session, "switch"))
+            session.wait_for_texts("Connected", ADDRESS)
             session.daemon.set_faults("none")
             session.click("Switch network")
             session.click("Mira Lindqvist")
@@ -204,18 +123,29 @@ class Commands(unittest.TestCase):
         self.check(work)
 
     def test_a_tool_that_dies_or_prints_rubbish_tells_nothing_and_loses_nothing(self):
+        def no_message(texts):
+            return not any(text.startswith("error") for text in texts)
+
         def work(session, fault):
             self.connect(session)
-            session.daemon.set_faults(*(f"{fault}@{name}" for name in
-                                        ("up", "down", "switch", "remove")))
-            for act in (lambda: session.click("Mira Lindqvist"),
-                        lambda: session.click("Remove profile", description="Mira Lindqvist")):
+            session.daemon.set_faults("slow:2@status", *(f"{fault}@{name}" for name in
+                                                         ("up", "down", "switch", "remove")))
+            for act, command in (
+                    (lambda: session.click("Mira Lindqvist"), "up"),
+                    (lambda: session.click("Remove profile", description="Mira Lindqvist"),
+                     "remove")):
                 session.daemon.clear_log()
                 session.click("Switch network")
                 act()
-                wait_until(lambda: self.polled_after(session, "list"), "the profiles")
+                session.wait_while(no_message, lambda: self.polled_after(session, command),
+                                   "a status", LIMIT)
+                self.assertTrue(self.met(session, command))
                 session.wait_for_texts("Connected", ADDRESS, "Switch network")
+            session.daemon.clear_log()
             session.click("Disconnect")
+            session.wait_while(no_message, lambda: self.polled_after(session, "down"), "a status",
+                               LIMIT)
+            self.assertTrue(self.met(session, "down"))
             session.daemon.set_faults("none")
             session.refresh("Connected", "Switch network", "Disconnect")
 
