@@ -217,6 +217,12 @@ class Desktop:
             "true", "--SetDockType", "true", "--expand", "true", "--monitor", screen)
         return self.tray
 
+    def wait_for_tray(self):
+        """This one never shows itself when it gets an icon before it has done so."""
+        if self.tray:
+            wait_until(lambda: self.run("xdotool", "search", "--onlyvisible", "--name", "^panel$"),
+                       "the tray", describe=self.tray.output)
+
     def split_screen(self):
         """Makes two screens of one, side by side; returns them."""
         whole = Rect(0, 0, *(int(part) for part in self._size.split("x")))
@@ -233,6 +239,7 @@ class Desktop:
 
     def start_client(self, *arguments, program=None, environment=None):
         """Starts the client, as built or another copy of it."""
+        self.wait_for_tray()
         return self.start(program or BIN_DIR / "tarnwick-client", *arguments,
                           environment=environment)
 

@@ -124,6 +124,7 @@ class Session:
         self.start_client()
 
     def start_client(self):
+        self.desktop.wait_for_tray()
         limits = ["prlimit", *self._limits, "--"] if self._limits else []
         self.client = self.desktop.start(*with_mounts(self._mounts, *limits, CLIENT),
                                          environment=self._environment)
@@ -132,7 +133,7 @@ class Session:
 
     def start_again(self):
         """Launches the program once more, as a user does who looks for its panel."""
-        return self.desktop.start_client(environment=self._environment)
+        return self.desktop.start(CLIENT, environment=self._environment)
 
     def begin(self, *keys, faults=()):
         """Starts over: a new daemon, logged in with these keys one after the other, no settings, and

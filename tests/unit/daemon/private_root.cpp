@@ -27,7 +27,7 @@ esac
 // $1 is the root, $2 the directory of temporary files, $3 the line.
 constexpr auto enterByMounting = R"sh(
 mount --bind /usr "$1/usr" && mount --bind "$2" "$1$2" &&
-exec chroot "$1" /bin/sh -c "umask 022; PATH=/stand-ins; export PATH; exec /bin/sh -c \"\$1\"" - "$3"
+exec /usr/sbin/chroot "$1" /bin/sh -c "umask 022; PATH=/stand-ins; export PATH; exec /bin/sh -c \"\$1\"" - "$3"
 )sh";
 
 constexpr auto enterByTracing = R"sh(
