@@ -16,7 +16,7 @@ import shutil
 import subprocess
 import time
 
-from desktop import BIN_DIR, TIME_LIMIT, Desktop, Rect, stays, wait_until
+from desktop import BIN_DIR, TIME_LIMIT, Desktop, Rect, comes, stays, wait_until
 from screen_reader import ScreenReader
 from simulated_daemon import SERVER, SimulatedDaemon, programs, quick_world
 
@@ -209,15 +209,9 @@ class Session:
         for _ in range(MOST_OPEN):
             if self.panel() is None:
                 self.desktop.click(self.icon.center)
-            if stays(lambda: self.panel() is not None, 0.3) or self.panel_comes():
+            if stays(lambda: self.panel() is not None, 0.3) or comes(self.panel, 3.0):
                 return
         raise AssertionError("the panel does not open")
-
-    def panel_comes(self):
-        try:
-            return wait_until(self.panel, "the panel", 3.0)
-        except TimeoutError:
-            return None
 
     def close_panel(self):
         for _ in range(MOST_OPEN):
