@@ -78,9 +78,14 @@ void FaultyTool::repair() {
 void FaultyTool::answerWell(int devices) {
     repair();
     condition_ = "good";
+    devices_ = devices;
     write("fault", "");
     write("status", statusOf(devices));
-    write("list", listOf(1 + devices % 7));
+    write("list", listOf(profiles()));
+}
+
+bool FaultyTool::answers() const {
+    return condition_ == "good" || condition_ == "slow" || condition_ == "grandchild";
 }
 
 void FaultyTool::disturb() {

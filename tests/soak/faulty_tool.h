@@ -25,6 +25,14 @@ public:
     /// What it is up to now, for a report.
     const QByteArray& condition() const { return condition_; }
 
+    /// Whether it answers as it is now, be it late or with something left behind.
+    bool answers() const;
+
+    /// How many devices and profiles its answer has.
+    int devices() const { return devices_; }
+
+    int profiles() const { return 1 + devices_ % 7; }
+
 private:
     void write(const char* name, const QByteArray& content) const;
     void repair();
@@ -33,6 +41,7 @@ private:
     QTemporaryDir directory_;
     std::mt19937 random_;
     QByteArray condition_;
+    int devices_ = 0;
 };
 
 } // namespace tarnwick::soak

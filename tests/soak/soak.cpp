@@ -45,10 +45,24 @@ Soak::Soak(unsigned seed) : tool_(seed) {
         std::make_unique<QSettings>(home_.filePath(u"client.conf"_s), QSettings::IniFormat);
     daemon_ = DaemonManager::create(std::move(options));
     panel_ = std::make_unique<MenuBarView>(daemon_, PanelCalls());
-    runEventLoopFor(100ms); // the controller's own first refresh
+    if (!awaitFirstRefresh())
+        qFatal("the controller does not refresh");
 }
 
 Soak::~Soak() = default;
+
+// While it runs, the next one would be told that it is over.
+bool Soak::awaitFirstRefresh() {
+    bool isOver = false;
+    QEventLoop loop;
+    QObject::connect(&daemon_->objectWillChange, &ObjectWillChange::announced, &loop, [&] {
+        isOver = true;
+        loop.quit();
+    });
+    QTimer::singleShot(patience, &loop, &QEventLoop::quit);
+    loop.exec();
+    return isOver;
+}
 
 bool Soak::refreshOnce() {
     bool isOver = false;
@@ -62,17 +76,30 @@ bool Soak::refreshOnce() {
     return isOver;
 }
 
-bool Soak::showsConnected(int devices) const {
-    return daemon_->isConnected() && daemon_->devices().size() == devices &&
-           daemon_->profiles().size() == 1 + devices % 7;
+bool Soak::showsStopped() const {
+    return !daemon_->isConnected() && daemon_->devices().isEmpty();
 }
 
-// A good answer may be late on a busy machine, which then counts as none.
+bool Soak::showsAnswer() const {
+    return daemon_->isConnected() && daemon_->devices().size() == tool_.devices() &&
+           daemon_->profiles().size() == tool_.profiles();
+}
+
+// A good answer may be late on a busy machine, which then counts as none; what the client showed
+// before may not stay.
+bool Soak::showsAnswerOrNone() const {
+    return (daemon_->profiles().isEmpty() || daemon_->profiles().size() == tool_.profiles()) &&
+           (showsStopped() || daemon_->devices().size() == tool_.devices());
+}
+
 bool Soak::recovers(int devices) {
     tool_.answerWell(devices);
-    for (int attempt = 0; attempt < 50; ++attempt)
-        if (refreshOnce() && showsConnected(devices))
+    for (int attempt = 0; attempt < 50; ++attempt) {
+        if (!refreshOnce() || !showsAnswerOrNone())
+            return false;
+        if (showsAnswer())
             return true;
+    }
     return false;
 }
 
@@ -82,7 +109,9 @@ bool Soak::refresh() {
     ++conditions_[lastCondition_];
     if (!refreshOnce())
         return false;
-    return (tool_.condition() == "good" && daemon_->isConnected()) || recovers(12);
+    if (!tool_.answers())
+        return showsStopped() && recovers(12);
+    return showsAnswer() || (showsAnswerOrNone() && recovers(tool_.devices()));
 }
 
 bool Soak::openOnce() {
@@ -103,8 +132,10 @@ bool Soak::openOnce() {
 }
 
 QString Soak::account() const {
-    return u"tool %1, client %2 with %3 devices and %4 profiles"_s
-        .arg(QString::fromLatin1(lastCondition_), daemon_->backendState())
+    return u"tool %1, now %2 with %3 devices, client %4 with %5 devices and %6 profiles"_s
+        .arg(QString::fromLatin1(lastCondition_), QString::fromLatin1(tool_.condition()))
+        .arg(tool_.devices())
+        .arg(daemon_->backendState())
         .arg(daemon_->devices().size())
         .arg(daemon_->profiles().size());
 }

@@ -35,10 +35,13 @@ public:
     const QMap<QByteArray, int>& conditions() const { return conditions_; }
 
 private:
+    bool awaitFirstRefresh();
     bool refreshOnce();
     bool openOnce();
     bool recovers(int devices);
-    bool showsConnected(int devices) const;
+    bool showsAnswer() const;
+    bool showsAnswerOrNone() const;
+    bool showsStopped() const;
 
     FaultyTool tool_;
     QTemporaryDir home_;
