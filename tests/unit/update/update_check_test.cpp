@@ -21,9 +21,10 @@ UpdateCheckResult resultOfAnswer(const QByteArray& answer, const QString& instal
     return resultOf(server.url(), installed);
 }
 
+/// The text of a check that failed, "" of one that did not.
 QString reasonOf(const UpdateCheckResult& result) {
     const auto* error = std::get_if<CheckError>(&result);
-    return error ? error->reason : u"(no error)"_s;
+    return error ? error->reason : QString();
 }
 
 /// The outcome of a check whose time runs out, but not before the server got as far as `reached`:
