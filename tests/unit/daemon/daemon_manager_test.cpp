@@ -5,6 +5,7 @@
 #include "support/waiting.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QThread>
 
@@ -66,12 +67,32 @@ TEST_F(DaemonManagerTest, PollRepeatsAndRereadsTheListOnlyWhenItIsOld) {
     EXPECT_EQ(world_.tool.commands().count(listCommand), 1);
 }
 
-TEST_F(DaemonManagerTest, StartingThePollAgainRefreshesAtOnceAndKeepsOneTimer) {
+TEST_F(DaemonManagerTest, StartingThePollAgainRefreshesAtOnce) {
     const auto manager = world_.createRefreshed();
     const auto before = statusCount();
     manager->startStatusPolling();
     EXPECT_TRUE(test::waitForRefresh(*manager));
     EXPECT_EQ(statusCount(), before + 1);
+}
+
+// One timer cannot poll more often than its interval allows, on no machine; four that take turns
+// would, on all but a very slow one.
+TEST_F(DaemonManagerTest, StartingThePollAgainKeepsOneTimer) {
+    constexpr auto interval = 120ms;
+    world_.timing.statusPollInterval = interval;
+    const auto manager = world_.createRefreshed();
+    qsizetype before = 0;
+    QElapsedTimer elapsed;
+    for (int i = 0; i < 3; ++i) {
+        test::runEventLoopFor(interval / 4);
+        before = statusCount();
+        elapsed.start();
+        manager->startStatusPolling();
+    }
+    constexpr int atOnce = 2; // the last start's own, and one that was just under way
+    constexpr int fromTheTimer = 4;
+    ASSERT_TRUE(waitUntil([&] { return statusCount() >= before + atOnce + fromTheTimer; }));
+    EXPECT_GE(elapsed.elapsed(), (interval * fromTheTimer * 3 / 4).count()) << "it may be early";
 }
 
 TEST_F(DaemonManagerTest, PathsStayThoughAnInstallationAppears) {
