@@ -5,6 +5,7 @@
 #include "support/sample_network.h"
 
 #include <QJsonDocument>
+#include <QJsonObject>
 
 #include <benchmark/benchmark.h>
 
@@ -15,8 +16,20 @@ void countItems(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
+// A reader that gives up early would pass for a fast one.
+void requireAllItems(benchmark::State& state, qsizetype itemsRead) {
+    if (itemsRead != state.range(0))
+        state.SkipWithError("not all items were read");
+}
+
+qsizetype devicesIn(const QByteArray& json) {
+    const auto status = tarnwick::StatusResponse::decode(json);
+    return status ? status->devices().size() : 0;
+}
+
 void decodeAndSortStatus(benchmark::State& state) {
     const auto json = tarnwick::bench::statusDocument(static_cast<int>(state.range(0)));
+    requireAllItems(state, devicesIn(json));
     for ([[maybe_unused]] auto _ : state) {
         const auto status = tarnwick::StatusResponse::decode(json);
         auto devices = status->devices();
@@ -27,6 +40,8 @@ void decodeAndSortStatus(benchmark::State& state) {
 
 void parseJsonAlone(benchmark::State& state) {
     const auto json = tarnwick::bench::statusDocument(static_cast<int>(state.range(0)));
+    requireAllItems(state,
+                    QJsonDocument::fromJson(json)[QLatin1StringView("Peer")].toObject().size());
     for ([[maybe_unused]] auto _ : state) {
         auto document = QJsonDocument::fromJson(json);
         benchmark::DoNotOptimize(document);
@@ -36,6 +51,7 @@ void parseJsonAlone(benchmark::State& state) {
 
 void parseProfiles(benchmark::State& state) {
     const QString table = tarnwick::bench::profileTable(static_cast<int>(state.range(0)));
+    requireAllItems(state, tarnwick::parseProfileList(table).size());
     for ([[maybe_unused]] auto _ : state) {
         auto profiles = tarnwick::parseProfileList(table);
         benchmark::DoNotOptimize(profiles);

@@ -22,6 +22,8 @@ void runTool(benchmark::State& state) {
     timing.pollStep = std::chrono::milliseconds(0);
     const tarnwick::DaemonPaths paths{QStringLiteral("/tmp"), QStringLiteral("/tmp")};
     const tarnwick::CommandRunner runner(QLatin1StringView(tool), paths, timing, {});
+    if (const QString output = runner.runCLI({}); !output.isEmpty()) // the tool says nothing
+        state.SkipWithError(qPrintable(output));
     for ([[maybe_unused]] auto _ : state) {
         const double before = cpuSecondsWithChildren();
         auto output = runner.runCLI({QStringLiteral("status"), QStringLiteral("--json")});
@@ -34,11 +36,19 @@ pid_t spawnBare() {
     char name[] = "/bin/true";
     char* const arguments[] = {name, nullptr};
     pid_t pid = -1;
-    posix_spawn(&pid, tool, nullptr, nullptr, arguments, environ);
-    return pid;
+    return posix_spawn(&pid, tool, nullptr, nullptr, arguments, environ) == 0 ? pid : -1;
+}
+
+// Without a child, waiting for it is over at once.
+void requireChild(benchmark::State& state) {
+    const pid_t pid = spawnBare();
+    int status = -1;
+    if (pid < 0 || waitpid(pid, &status, 0) != pid || status != 0)
+        state.SkipWithError("the tool did not run");
 }
 
 void spawnAndLook(benchmark::State& state) {
+    requireChild(state);
     for ([[maybe_unused]] auto _ : state) {
         const double before = cpuSecondsWithChildren();
         const pid_t pid = spawnBare();
@@ -50,6 +60,7 @@ void spawnAndLook(benchmark::State& state) {
 
 // Without even looking: what a run costs on a machine where nobody polls.
 void spawnAndSleep(benchmark::State& state) {
+    requireChild(state);
     for ([[maybe_unused]] auto _ : state) {
         const double before = cpuSecondsWithChildren();
         waitpid(spawnBare(), nullptr, 0);

@@ -4,6 +4,7 @@
 import json
 import os
 import subprocess
+import sys
 
 from figure import Figure
 
@@ -13,12 +14,20 @@ class Program:
 
     def __init__(self, path, repetitions, environment=None):
         command = [path, "--benchmark_format=json", "--benchmark_enable_random_interleaving=true",
-                   f"--benchmark_repetitions={repetitions}", "--benchmark_min_time=0.1",
-                   "--benchmark_report_aggregates_only=true"]
+                   f"--benchmark_repetitions={repetitions}", "--benchmark_min_time=0.1"]
         run = subprocess.run(command, capture_output=True, text=True, check=True, timeout=600,
                              env=environment or os.environ)
-        self._medians = {case["run_name"]: case for case in json.loads(run.stdout)["benchmarks"]
-                         if case["aggregate_name"] == "median"}
+        cases = json.loads(run.stdout)["benchmarks"]
+        self._refuse_failures(cases)
+        self._medians = {case["run_name"]: case for case in cases
+                         if case.get("aggregate_name") == "median"}
+
+    @staticmethod
+    def _refuse_failures(cases):
+        """A program with a case that gave up ends well all the same."""
+        for case in cases:
+            if case.get("error_occurred"):
+                sys.exit(f"{case['run_name']}: {case['error_message']}: no figures")
 
     def time(self, name, clock="cpu_time"):
         """Median in microseconds."""
