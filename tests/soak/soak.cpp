@@ -23,6 +23,16 @@ void runEventLoopFor(std::chrono::milliseconds duration) {
     loop.exec();
 }
 
+// The timer goes with the loop. A single shot stays until its time has come, and thousands of them
+// would count as the client's memory.
+void runPatiently(QEventLoop& loop) {
+    QTimer limit;
+    limit.setSingleShot(true);
+    QObject::connect(&limit, &QTimer::timeout, &loop, &QEventLoop::quit);
+    limit.start(patience);
+    loop.exec();
+}
+
 Timing shortTiming() {
     return {
         .statusPollInterval = 24h,
@@ -59,8 +69,7 @@ bool Soak::awaitFirstRefresh() {
         isOver = true;
         loop.quit();
     });
-    QTimer::singleShot(patience, &loop, &QEventLoop::quit);
-    loop.exec();
+    runPatiently(loop);
     return isOver;
 }
 
@@ -71,8 +80,7 @@ bool Soak::refreshOnce() {
         isOver = true;
         loop.quit();
     });
-    QTimer::singleShot(patience, &loop, &QEventLoop::quit);
-    loop.exec();
+    runPatiently(loop);
     return isOver;
 }
 
