@@ -142,6 +142,7 @@ TEST_F(AuthKeyForm, PressRemovesTheOldErrorAtOnce) {
 
 TEST_F(AuthKeyForm, RefusedLoginShowsTheToolsTextAndStaysThere) {
     open();
+    world.answer("status", "error: no daemon\n"); // so that no refresh takes the message away
     world.answer("login", "error: invalid key <b>\n");
     pressConnect(u"twkey-1"_s);
     auto* error = dialog()->findChild<ScrollingText*>();
