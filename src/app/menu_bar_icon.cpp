@@ -65,15 +65,16 @@ QIcon networkSymbol() {
 
 MenuBarIcon MenuBarIcon::make(const Platform& platform, const QByteArray& text) {
     const QByteArray file = decodedText(text);
-    // Where nothing tints the picture, its light grey vanishes on a light panel: the same glyph is
-    // drawn instead, and the picture not even decoded.
-    if (!platform.templateIcon && isWholePng(file))
+    if (platform.templateIcon) {
+        if (const QPixmap picture = decodedPicture(file); !picture.isNull()) {
+            QIcon icon(picture);
+            icon.setIsMask(true);
+            return {icon, displaySize, true, {}};
+        }
+    } else if (isWholePng(file)) {
+        // Nothing tints the picture here, and its light grey vanishes on a light panel: the same
+        // glyph is drawn instead, and the picture not even decoded.
         return {networkGlyphIcon(installedThemeIcon()), displaySize, false, {}};
-    const QPixmap picture = platform.templateIcon ? decodedPicture(file) : QPixmap();
-    if (!picture.isNull()) {
-        QIcon icon(picture);
-        icon.setIsMask(true);
-        return {icon, displaySize, true, {}};
     }
     const QIcon symbol = networkSymbol();
     if (symbol.isNull())

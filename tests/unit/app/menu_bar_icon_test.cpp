@@ -2,6 +2,7 @@
 #include "app/menu_bar_icon.h"
 
 #include <QImage>
+#include <QLineF>
 #include <QPixmap>
 #include <QStringList>
 #include <QtEndian>
@@ -84,6 +85,21 @@ TEST(MenuBarIcon, TheEmbeddedPictureIsALightGreyGlyphOnNothing) {
     EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0);
     EXPECT_EQ(image.pixelColor(17, 17), QColor(0xd9, 0xd9, 0xd9));
     EXPECT_EQ(image.pixelColor(17, 4).alpha(), 255); // the topmost satellite
+}
+
+TEST(MenuBarIcon, WhatIsDrawnInItsPlaceIsAHubWithSixSatellites) {
+    constexpr int size = 96;
+    const QImage image =
+        MenuBarIcon::make(linuxPlatform()).icon.pixmap(QSize(size, size), 1.0).toImage();
+    const auto opacityAt = [&image](double degrees) {
+        const QLineF orbit = QLineF::fromPolar(size * 0.365, degrees);
+        return image.pixelColor((orbit.p2() + QPointF(size, size) / 2).toPoint()).alpha();
+    };
+    EXPECT_EQ(image.pixelColor(size / 2, size / 2).alpha(), 255);
+    for (int sixth = 0; sixth < 6; ++sixth) {
+        EXPECT_EQ(opacityAt(sixth * 60 + 90), 255) << sixth;
+        EXPECT_EQ(opacityAt(sixth * 60 + 60), 0) << sixth;
+    }
 }
 
 TEST(MenuBarIcon, IsLegibleOnDarkAndOnLightWhereNothingTintsIt) {
