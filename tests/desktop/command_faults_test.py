@@ -11,7 +11,13 @@ KEYS = ("twkey-fernwood-good", GOOD_KEY)
 GONE_WRONG = "error: the daemon is not in the mood (simulated)\n"
 TIMED_OUT = "error: connection timed out"
 LOG_IN_HEADING = "Connect to Tarnwick Network"
+# The next status clears a message; it is to stand long enough to be seen.
+SLOW_STATUS = "slow:2@status"
 LIMIT = 20.0  # seconds, for what takes the client's own limit of twelve
+
+
+def no_message(texts):
+    return not any(text.startswith("error") for text in texts)
 
 
 class Commands(unittest.TestCase):
@@ -19,29 +25,57 @@ class Commands(unittest.TestCase):
 
     @classmethod
     def setUpClass(cls):
-        cls.sessions = [(cls.enterClassContext(Session()),) for _ in range(3)]
+        cls.sessions = [cls.enterClassContext(Session()) for _ in range(3)]
 
     def check(self, work, faults=("error",)):
         """Does the work with each of these faults, all of which end in a message."""
-        told = {"error": (GONE_WRONG, LIMIT), "hang": (TIMED_OUT, LIMIT), "flood": (TIMED_OUT, LIMIT)}
-        at_the_same_time(work, [(session, fault, *told[fault])
-                                for (session,), fault in zip(self.sessions, faults)])
+        told = {"error": GONE_WRONG, "hang": TIMED_OUT, "flood": TIMED_OUT}
+        at_the_same_time(work, [(session, fault, told[fault])
+                                for session, fault in zip(self.sessions, faults)])
 
     def connect(self, session):
         session.begin(*KEYS)
         session.open_panel()
         session.wait_for_texts("Connected", "Switch network")
 
+    @staticmethod
+    def disconnect(session):
+        session.click("Disconnect")
+
+    @staticmethod
+    def switch(session):
+        session.click("Switch network")
+        session.click("Mira Lindqvist")
+
+    @staticmethod
+    def remove(session):
+        session.click("Switch network")
+        session.click("Remove profile", description="Mira Lindqvist")
+
+    @staticmethod
+    def polled_after(session, command):
+        names = [entry["command"] for entry in session.daemon.log()]
+        return command in names and "status" in names[names.index(command):]
+
+    def tells_nothing(self, session, act, faulty, last=None, shown=no_message):
+        """Does something of which one command meets a fault, and sees to it that no message comes
+        of it until the status after the last command is known."""
+        session.daemon.clear_log()
+        act(session)
+        session.wait_while(shown, lambda: self.polled_after(session, last or faulty), "a status",
+                           LIMIT)
+        self.assertTrue(any(entry["command"] == faulty and entry["fault"]
+                            for entry in session.daemon.log()))
+
     def test_bringing_up_tells_and_leaves_the_network_as_it_was(self):
-        def work(session, fault, message, seconds):
+        def work(session, fault, message):
             self.connect(session)
-            session.click("Disconnect")
+            self.disconnect(session)
             session.wait_for_texts("Connect (2)")
-            # The next status clears the message; it is to stand long enough to be read.
-            session.daemon.set_faults(f"{fault}@up", "slow:2@status")
+            session.daemon.set_faults(f"{fault}@up", SLOW_STATUS)
             session.click("Connect (2)")
             session.click("Mira Lindqvist")
-            session.wait_for_texts(message, seconds=seconds)
+            session.wait_for_texts(message, seconds=LIMIT)
             session.wait_for_texts("Stopped", "Connect (2)", without=[message])
             session.daemon.set_faults("none")
             session.click("Connect (2)")
@@ -51,106 +85,67 @@ class Commands(unittest.TestCase):
         self.check(work, ("error", "hang", "flood"))
 
     def test_disconnecting_tells_nothing_and_leaves_the_connection(self):
-        def work(session, fault, message, seconds):
+        def work(session, fault, _):
             self.connect(session)
-            # The next status would clear a message; it is to stand long enough to be seen.
-            session.daemon.set_faults(f"{fault}@down", "slow:2@status")
-            session.daemon.clear_log()
-            session.click("Disconnect")
-            session.wait_while(lambda texts: "Connected" in texts and message not in texts,
-                               lambda: self.polled_after(session, "down"), "a status", seconds)
-            self.assertTrue(self.met(session, "down"))
+            session.daemon.set_faults(f"{fault}@down", SLOW_STATUS)
+            self.tells_nothing(session, self.disconnect, "down",
+                               shown=lambda texts: no_message(texts) and "Connected" in texts)
             session.daemon.set_faults("none")
-            session.click("Disconnect")
+            self.disconnect(session)
             session.wait_for_texts("Stopped", without=["Disconnect"])
 
         self.check(work)
 
-    @staticmethod
-    def polled_after(session, command):
-        names = [entry["command"] for entry in session.daemon.log()]
-        return command in names and "status" in names[names.index(command):]
-
-    @staticmethod
-    def met(session, *commands):
-        """Whether each of these commands met a fault since the log was cleared."""
-        faulty = {entry["command"] for entry in session.daemon.log() if entry["fault"]}
-        return set(commands) <= faulty
-
     def test_removing_tells_and_keeps_the_profile(self):
-        def work(session, fault, message, seconds):
+        def work(session, fault, message):
             self.connect(session)
-            session.daemon.set_faults(f"{fault}@remove", "slow:2@status")
-            session.click("Switch network")
-            session.click("Remove profile", description="Mira Lindqvist")
-            session.wait_for_texts(message, "Switch network", seconds=seconds)
+            session.daemon.set_faults(f"{fault}@remove", SLOW_STATUS)
+            self.remove(session)
+            session.wait_for_texts(message, "Switch network", seconds=LIMIT)
             session.daemon.set_faults("none")
             session.refresh("Connected", "Switch network", without=[message])
-            session.click("Switch network")
-            session.click("Remove profile", description="Mira Lindqvist")
+            self.remove(session)
             session.wait_for_texts("Connected", without=["Switch network"])
 
         self.check(work)
 
     def test_switching_that_fails_tells_nothing_if_the_network_comes_up(self):
-        def work(session, fault, message, seconds):
+        def work(session, fault, _):
             self.connect(session)
-            session.daemon.set_faults(f"{fault}@switch", "slow:2@status")
-            session.daemon.clear_log()
-            session.click("Switch network")
-            session.click("Mira Lindqvist")
-            session.wait_while(lambda texts: message not in texts,
-                               lambda: self.polled_after(session, "up"), "a status", seconds)
-            self.assertTrue(self.met(session, "switch"))
+            session.daemon.set_faults(f"{fault}@switch", SLOW_STATUS)
+            self.tells_nothing(session, self.switch, "switch", last="up")
             session.wait_for_texts("Connected", ADDRESS)
             session.daemon.set_faults("none")
-            session.click("Switch network")
-            session.click("Mira Lindqvist")
+            self.switch(session)
             session.wait_for_texts("Connected", "100.101.7.2")
 
         self.check(work)
 
     def test_a_list_that_fails_costs_the_pickers_until_the_next(self):
-        def work(session, fault, _, seconds):
+        def work(session, fault, _):
             self.connect(session)
             session.daemon.set_faults(f"{fault}@list")
-            session.click("Disconnect")
+            self.disconnect(session)
             session.wait_for_texts("Stopped", without=["Connect (2)", "Disconnect"],
-                                   seconds=seconds)
+                                   seconds=LIMIT)
             session.daemon.set_faults("none")
-            session.refresh("Stopped", "Connect (2)", seconds=seconds)
+            session.refresh("Stopped", "Connect (2)", seconds=LIMIT)
 
         self.check(work)
 
     def test_a_tool_that_dies_or_prints_rubbish_tells_nothing_and_loses_nothing(self):
-        def no_message(texts):
-            return not any(text.startswith("error") for text in texts)
-
         def work(session, fault):
             self.connect(session)
-            session.daemon.set_faults("slow:2@status", *(f"{fault}@{name}" for name in
-                                                         ("up", "down", "switch", "remove")))
-            for act, command in (
-                    (lambda: session.click("Mira Lindqvist"), "up"),
-                    (lambda: session.click("Remove profile", description="Mira Lindqvist"),
-                     "remove")):
-                session.daemon.clear_log()
-                session.click("Switch network")
-                act()
-                session.wait_while(no_message, lambda: self.polled_after(session, command),
-                                   "a status", LIMIT)
-                self.assertTrue(self.met(session, command))
+            session.daemon.set_faults(SLOW_STATUS, *(f"{fault}@{name}" for name in
+                                                     ("up", "down", "switch", "remove")))
+            for act, command in ((self.switch, "up"), (self.remove, "remove"),
+                                 (self.disconnect, "down")):
+                self.tells_nothing(session, act, command)
                 session.wait_for_texts("Connected", ADDRESS, "Switch network")
-            session.daemon.clear_log()
-            session.click("Disconnect")
-            session.wait_while(no_message, lambda: self.polled_after(session, "down"), "a status",
-                               LIMIT)
-            self.assertTrue(self.met(session, "down"))
             session.daemon.set_faults("none")
             session.refresh("Connected", "Switch network", "Disconnect")
 
-        at_the_same_time(work, [(session, fault) for (session,), fault
-                                in zip(self.sessions, ("crash", "garbage"))])
+        at_the_same_time(work, list(zip(self.sessions, ("crash", "garbage"))))
 
 
 class LogIn(unittest.TestCase):
@@ -172,7 +167,7 @@ class LogIn(unittest.TestCase):
     def test_each_fault_leaves_the_window_and_a_second_try_succeeds(self):
         def work(session, fault, message, seconds):
             self.fill_in(session, GOOD_KEY)
-            session.daemon.set_faults(f"{fault}@login", "slow:2@status")
+            session.daemon.set_faults(f"{fault}@login", SLOW_STATUS)
             session.desktop.key("Return")
             session.wait_for(BUTTON, "Connecting...")
             if message:
@@ -192,7 +187,7 @@ class LogIn(unittest.TestCase):
     def test_a_refused_key_tells_why(self):
         session = self.sessions[0]
         self.fill_in(session, "twkey-harbor-expired")
-        session.daemon.set_faults("slow:2@status")
+        session.daemon.set_faults(SLOW_STATUS)
         session.desktop.key("Return")
         session.wait_for_texts("error: the control server refused the log-in: the auth key has "
                                "expired\n")

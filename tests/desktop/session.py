@@ -266,14 +266,14 @@ class Session:
         """Waits for the condition; `shown(texts)` has to hold all the while and a moment longer,
         as what the daemon has answered shows only then."""
 
-        def checked(value):
+        def holds():
             texts = self.texts()
             if not shown(texts):
                 raise AssertionError(f"while waiting for {what}: {texts}")
-            return value
+            return True
 
-        wait_until(lambda: checked(condition()), what, seconds, step=0.1)
-        stays(lambda: checked(True), 1.0, step=0.1)
+        wait_until(lambda: holds() and condition(), what, seconds, step=0.1)
+        stays(holds, 1.0, step=0.1)
 
     def wait_for_calls(self, wanted, seconds=TIME_LIMIT):
         """Waits until the daemon was asked for exactly these commands, polls aside."""

@@ -32,22 +32,22 @@ class StatusInEveryState(unittest.TestCase):
         start("disconnected", down=True, shown=("Stopped", "Connect (2)", "Use Auth Key..."))
         start("not installed", installed=False, shown=("Connected", ADDRESS, "Switch network"))
 
-    def check(self, fault, seconds=LIMIT, meanwhile="Stopped"):
+    def check(self, fault):
         gone = ["Disconnect", "IP Address", "Devices"]
 
         def go_through(name, session, shown):
             with self.naming(name):
                 session.daemon.set_faults(fault)
                 session.daemon.clear_log()
-                session.refresh(meanwhile, without=gone, seconds=seconds)
+                session.refresh("Stopped", without=gone, seconds=LIMIT)
                 # Polls do not overlap: the first of two has had its whole time.
                 told = fault.partition("@")[0]
-                wait_until(lambda: self.statuses_with(session, told) >= 2, "two polls", seconds)
-                session.wait_for_texts(meanwhile, without=gone)
+                wait_until(lambda: self.statuses_with(session, told) >= 2, "two polls", LIMIT)
+                session.wait_for_texts("Stopped", without=gone)
                 self.assertTrue(session.client.is_running())
                 session.daemon.set_faults("none")
-                wait_until(lambda: self.statuses_with(session, None), "a good poll", seconds)
-                session.refresh(*shown, seconds=seconds)
+                wait_until(lambda: self.statuses_with(session, None), "a good poll", LIMIT)
+                session.refresh(*shown, seconds=LIMIT)
 
         at_the_same_time(go_through, self.states)
 
