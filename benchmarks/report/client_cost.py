@@ -112,7 +112,7 @@ class ClientCost:
         loop = self._desktop.start("sh", "-c", SHELL_LOOP, tool, socket)
         bare = self._desktop.start(self._bin_dir / "bare_poll", tool, f"--socket={socket}",
                                    "status", "--json")
-        time.sleep(POLL_INTERVAL / 2)  # between the polls of both
+        time.sleep(POLL_INTERVAL / 2)  # between the polls of all
         self._daemon.clear_log()
         before = {p.pid: process_cost.cpu_seconds(p.pid) for p in (client, loop, bare)}
         counts = {p.pid: process_cost.WakeUpCount(p.pid) for p in (client, minimal)}
