@@ -92,8 +92,8 @@ TEST(MenuBarIcon, WhatIsDrawnInItsPlaceIsAHubWithSixSatellites) {
     const QImage image =
         MenuBarIcon::make(linuxPlatform()).icon.pixmap(QSize(size, size), 1.0).toImage();
     const auto opacityAt = [&image](double degrees) {
-        const QLineF orbit = QLineF::fromPolar(size * 0.365, degrees);
-        return image.pixelColor((orbit.p2() + QPointF(size, size) / 2).toPoint()).alpha();
+        const QLineF toRim = QLineF::fromPolar(size * 0.475, degrees); // just inside a satellite's
+        return image.pixelColor((toRim.p2() + QPointF(size, size) / 2).toPoint()).alpha();
     };
     EXPECT_EQ(image.pixelColor(size / 2, size / 2).alpha(), 255);
     for (int sixth = 0; sixth < 6; ++sixth) {
