@@ -17,9 +17,9 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 FOLDERS = ("src", "simulator")
 # These speak to the session and login managers of Linux desktops, or to X.
 LINUX_ONLY = {
-    "src/app/login_manager.cpp",
-    "src/app/status_notifier_watcher.cpp",
-    "src/app/x11_tray.cpp",
+    "src/desktop/login_manager.cpp",
+    "src/desktop/status_notifier_watcher.cpp",
+    "src/desktop/x11_tray.cpp",
 }
 MACH_O_64 = 0xFEEDFACF
 OBJECT_FILE = 1

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // From the call that a click makes to the first painted frame: the panel the second time, and a
 // popover of 1,000 devices, each against an empty window of its size.
-#include "ui/devices_submenu.h"
-#include "ui/menu_bar_view.h"
+#include "ui/panel/devices_submenu.h"
+#include "ui/panel/menu_bar_view.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

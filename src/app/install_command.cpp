@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/install_command.h"
 
-#include "app/termination_signals.h"
+#include "desktop/termination_signals.h"
 
 #include <QEventLoop>
 

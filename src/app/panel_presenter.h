@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/panel_placement.h"
-#include "ui/menu_bar_view.h"
+#include "desktop/panel_placement.h"
+#include "ui/panel/menu_bar_view.h"
 
 #include <QDeadlineTimer>
 #include <QObject>

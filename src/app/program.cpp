@@ -3,11 +3,11 @@
 
 #include "app/command_line_options.h"
 #include "app/install_command.h"
-#include "app/launch_channel.h"
-#include "app/qt_platform_choice.h"
-#include "app/session_lock.h"
-#include "app/session_paths.h"
 #include "app/tarnwick_app.h"
+#include "desktop/launch_channel.h"
+#include "desktop/qt_platform_choice.h"
+#include "desktop/session_lock.h"
+#include "desktop/session_paths.h"
 #include "platform/version.h"
 
 #include <QApplication>

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/tarnwick_app.h"
 
-#include "app/network_glyph_icon.h"
 #include "platform/service_addresses.h"
-#include "ui/update_alert.h"
+#include "ui/style/menu_bar_icon.h"
+#include "ui/style/network_glyph_icon.h"
+#include "ui/windows/update_alert.h"
 #include "update/update_dialog.h"
 
 #include <QApplication>
@@ -85,7 +86,7 @@ void TarnwickApp::checkForUpdates() {
 void TarnwickApp::showIcon() {
     if (icon_)
         return;
-    icon_ = std::make_unique<TrayIcon>(platform_);
+    icon_ = std::make_unique<TrayIcon>(MenuBarIcon::make(platform_).icon, platform_.iconMenu);
     QObject::connect(icon_.get(), &TrayIcon::clicked, this,
                      [this] { presenter_.toggle(iconGeometry()); });
     QObject::connect(icon_.get(), &TrayIcon::openChosen, this,

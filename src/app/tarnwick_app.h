@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/launch_channel.h"
 #include "app/panel_presenter.h"
-#include "app/status_area.h"
-#include "app/termination_signals.h"
-#include "app/tray_icon.h"
-#include "app/wake_up.h"
 #include "daemon/daemon_manager.h"
-#include "ui/auth_key_window.h"
+#include "desktop/launch_channel.h"
+#include "desktop/status_area.h"
+#include "desktop/termination_signals.h"
+#include "desktop/tray_icon.h"
+#include "desktop/wake_up.h"
+#include "ui/windows/auth_key_window.h"
 #include "update/update_service.h"
 
 #include <memory>

@@ -2,8 +2,8 @@
 #include "painter.h"
 
 #include "support/waiting.h"
-#include "ui/devices_submenu.h"
-#include "ui/profile_picker_row.h"
+#include "ui/panel/devices_submenu.h"
+#include "ui/panel/profile_picker_row.h"
 
 #include <QApplication>
 #include <QPainter>

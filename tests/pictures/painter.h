@@ -2,7 +2,7 @@
 #pragma once
 
 #include "scenes.h"
-#include "ui/menu_bar_view.h"
+#include "ui/panel/menu_bar_view.h"
 
 #include <QImage>
 

@@ -4,8 +4,8 @@
 #include "painter.h"
 #include "support/publishing.h"
 #include "support/waiting.h"
-#include "ui/auth_key_window.h"
-#include "ui/symbol.h"
+#include "ui/style/symbol.h"
+#include "ui/windows/auth_key_window.h"
 
 #include <QApplication>
 #include <QDialog>

@@ -2,9 +2,9 @@
 #include "window_pictures.h"
 
 #include "support/waiting.h"
-#include "ui/auth_key_window.h"
-#include "ui/symbol.h"
-#include "ui/update_alert.h"
+#include "ui/style/symbol.h"
+#include "ui/windows/auth_key_window.h"
+#include "ui/windows/update_alert.h"
 
 #include <QApplication>
 #include <QDialog>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "soak.h"
 
-#include "ui/popover_row.h"
+#include "ui/controls/popover_row.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>

@@ -3,7 +3,7 @@
 
 #include "faulty_tool.h"
 #include "process_usage.h"
-#include "ui/menu_bar_view.h"
+#include "ui/panel/menu_bar_view.h"
 
 #include <QMap>
 #include <QTemporaryDir>

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/launch_channel.h"
+
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QThread>
+#include <QTimer>
+
+#include <poll.h>
+#include <utility>
+
+namespace tarnwick {
+
+namespace {
+
+constexpr qsizetype longestLine = 1024;
+constexpr std::chrono::milliseconds retryInterval{50};
+
+// Whether something has arrived before the deadline, a hang-up included.
+bool waitForText(const LocalSocket& socket, const QDeadlineTimer& deadline) {
+    pollfd entry = {socket.descriptor(), POLLIN, 0};
+    return poll(&entry, 1, static_cast<int>(deadline.remainingTime())) > 0;
+}
+
+QByteArray answerOn(const LocalSocket& socket, const QDeadlineTimer& deadline) {
+    QByteArray answer;
+    while (!answer.endsWith('\n') && waitForText(socket, deadline)) {
+        const auto arrived = socket.read();
+        if (!arrived)
+            break;
+        answer += *arrived;
+    }
+    return answer;
+}
+
+} // namespace
+
+/// A second launch that has connected; gone with its request or with the channel.
+class LaunchChannel::Caller : public QObject {
+public:
+    Caller(LocalSocket socket, LaunchChannel& channel)
+        : QObject(&channel), socket_(std::move(socket)), channel_(channel),
+          notifier_(socket_.descriptor(), QSocketNotifier::Read) {
+        connect(&notifier_, &QSocketNotifier::activated, this, &Caller::read);
+    }
+
+private:
+    void read() {
+        const auto arrived = socket_.read();
+        request_ += arrived.value_or(QByteArray());
+        const qsizetype end = request_.indexOf('\n');
+        if (arrived && end < 0 && request_.size() <= longestLine)
+            return; // more is to come
+        notifier_.setEnabled(false);
+        deleteLater();
+        const QByteArray line = request_.left(end).trimmed();
+        if (end < 0 || (line != "show" && !line.startsWith("show ")))
+            return;
+        socket_.write("shown\n");
+        Q_EMIT channel_.showRequested(line.mid(5));
+    }
+
+    LocalSocket socket_;
+    LaunchChannel& channel_;
+    QSocketNotifier notifier_;
+    QByteArray request_;
+};
+
+LaunchChannel::LaunchChannel(const QString& path)
+    : path_(path), socket_(LocalSocket::listeningAt(path)) {
+    if (!socket_.isOpen())
+        return;
+    notifier_ = std::make_unique<QSocketNotifier>(socket_.descriptor(), QSocketNotifier::Read);
+    connect(notifier_.get(), &QSocketNotifier::activated, this, &LaunchChannel::serve);
+}
+
+LaunchChannel::~LaunchChannel() {
+    if (socket_.isOpen())
+        QFile::remove(path_);
+}
+
+void LaunchChannel::serve() {
+    LocalSocket caller = socket_.accept();
+    if (caller.isOpen()) {
+        new Caller(std::move(caller), *this);
+        return;
+    }
+    // Without a descriptor to spare the caller goes on waiting, and so do we, but not in a circle.
+    notifier_->setEnabled(false);
+    QTimer::singleShot(retryInterval, notifier_.get(), [this] { notifier_->setEnabled(true); });
+}
+
+bool LaunchChannel::askToShow(const QString& path, const QByteArray& activationToken,
+                              std::chrono::milliseconds patience) {
+    const QByteArray request = "show " + activationToken.left(longestLine / 2).simplified() + '\n';
+    const QDeadlineTimer deadline(patience);
+    while (!deadline.hasExpired()) {
+        const LocalSocket socket = LocalSocket::connectedTo(path);
+        if (socket.isOpen())
+            return socket.write(request) && answerOn(socket, deadline) == "shown\n";
+        QThread::msleep(static_cast<unsigned long>(retryInterval.count()));
+    }
+    return false;
+}
+
+} // namespace tarnwick

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/local_socket.h"
+
+#include <QFile>
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+#include <utility>
+
+namespace tarnwick {
+
+namespace {
+
+constexpr int backlog = 16;
+
+// Empty when the path is too long for the system.
+std::optional<sockaddr_un> addressOf(const QString& path) {
+    const QByteArray name = QFile::encodeName(path);
+    sockaddr_un address = {};
+    if (static_cast<std::size_t>(name.size()) >= sizeof(address.sun_path))
+        return std::nullopt;
+    address.sun_family = AF_UNIX;
+    std::memcpy(address.sun_path, name.constData(), static_cast<std::size_t>(name.size()));
+    return address;
+}
+
+const sockaddr* generic(const sockaddr_un& address) {
+    return reinterpret_cast<const sockaddr*>(&address);
+}
+
+} // namespace
+
+LocalSocket::LocalSocket(int descriptor) : descriptor_(descriptor) {
+    if (descriptor < 0)
+        return;
+    fcntl(descriptor, F_SETFD, FD_CLOEXEC);
+    fcntl(descriptor, F_SETFL, O_NONBLOCK);
+    std::signal(SIGPIPE, SIG_IGN); // who hangs up on us must not end us
+}
+
+LocalSocket::LocalSocket(LocalSocket&& other) noexcept
+    : descriptor_(std::exchange(other.descriptor_, -1)) {}
+
+LocalSocket& LocalSocket::operator=(LocalSocket&& other) noexcept {
+    std::swap(descriptor_, other.descriptor_);
+    return *this;
+}
+
+LocalSocket::~LocalSocket() {
+    if (isOpen())
+        close(descriptor_);
+}
+
+LocalSocket LocalSocket::listeningAt(const QString& path) {
+    const auto address = addressOf(path);
+    if (!address)
+        return {};
+    LocalSocket socket(::socket(AF_UNIX, SOCK_STREAM, 0));
+    unlink(address->sun_path);
+    // Nobody can connect before it listens.
+    if (bind(socket.descriptor_, generic(*address), sizeof(*address)) != 0 ||
+        chmod(address->sun_path, S_IRUSR | S_IWUSR) != 0 ||
+        listen(socket.descriptor_, backlog) != 0)
+        return {};
+    return socket;
+}
+
+LocalSocket LocalSocket::connectedTo(const QString& path) {
+    const auto address = addressOf(path);
+    if (!address)
+        return {};
+    LocalSocket socket(::socket(AF_UNIX, SOCK_STREAM, 0));
+    if (connect(socket.descriptor_, generic(*address), sizeof(*address)) != 0)
+        return {};
+    return socket;
+}
+
+LocalSocket LocalSocket::accept() const {
+    return LocalSocket(::accept(descriptor_, nullptr, nullptr));
+}
+
+std::optional<QByteArray> LocalSocket::read() const {
+    std::array<char, 1024> block;
+    ssize_t count = 0;
+    do {
+        count = ::read(descriptor_, block.data(), block.size());
+    } while (count < 0 && errno == EINTR);
+    if (count > 0)
+        return QByteArray(block.data(), count);
+    if (count < 0 && errno == EAGAIN)
+        return QByteArray();
+    return std::nullopt;
+}
+
+bool LocalSocket::write(const QByteArray& text) const {
+    ssize_t count = 0;
+    do {
+        count = ::write(descriptor_, text.constData(), static_cast<std::size_t>(text.size()));
+    } while (count < 0 && errno == EINTR);
+    return count == text.size();
+}
+
+} // namespace tarnwick

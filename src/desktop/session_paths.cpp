@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/session_paths.h"
+
+#include <QStandardPaths>
+
+namespace tarnwick {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// ":0" and ":0.0" are one display, and a Wayland display may be given as a path.
+QString displayName(const QProcessEnvironment& environment) {
+    QString name = environment.value(u"WAYLAND_DISPLAY"_s);
+    if (name.isEmpty()) {
+        name = environment.value(u"DISPLAY"_s);
+        const qsizetype dot = name.indexOf(u'.', name.lastIndexOf(u':'));
+        if (dot > 0 && name.contains(u':'))
+            name.truncate(dot);
+    }
+    for (QChar& character : name) {
+        if (character == u'/' || character == u':')
+            character = u'-';
+    }
+    return name;
+}
+
+} // namespace
+
+SessionPaths SessionPaths::in(const QString& runtimeDir, const QProcessEnvironment& environment) {
+    const QString stem = runtimeDir + u"/tarnwick-client"_s + displayName(environment);
+    return {stem + u".lock"_s, stem + u".socket"_s};
+}
+
+SessionPaths SessionPaths::ofThisSession() {
+    return in(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation),
+              QProcessEnvironment::systemEnvironment());
+}
+
+} // namespace tarnwick

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/termination_signals.h"
+
+#include "platform/spawn_support.h"
+
+#include <atomic>
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace tarnwick {
+
+namespace {
+
+// A signal handler is given nothing but the signal's number: what it writes to has to be found
+// without an object.
+std::atomic<int> handlerPipe{-1};
+static_assert(std::atomic<int>::is_always_lock_free);
+
+void handleSignal(int) {
+    const int savedError = errno;
+    const char byte = 0;
+    [[maybe_unused]] const ssize_t written = write(handlerPipe.load(), &byte, 1);
+    errno = savedError;
+}
+
+void setHandler(int signal, void (*handler)(int)) {
+    struct sigaction action = {};
+    action.sa_handler = handler;
+    action.sa_flags = SA_RESTART;
+    sigemptyset(&action.sa_mask);
+    sigaction(signal, &action, nullptr);
+}
+
+} // namespace
+
+TerminationSignals::TerminationSignals() {
+    int ends[2] = {-1, -1};
+    if (makePipe(ends) != 0)
+        return; // The signals then end the process the hard way.
+    pipe_ = {ends[0], ends[1]};
+    // A full pipe holds enough news; its writer must not be held up.
+    fcntl(pipe_[1], F_SETFL, fcntl(pipe_[1], F_GETFL) | O_NONBLOCK);
+    notifier_ = std::make_unique<QSocketNotifier>(pipe_[0], QSocketNotifier::Read);
+    QObject::connect(notifier_.get(), &QSocketNotifier::activated, this, [this] {
+        notifier_->setEnabled(false);
+        Q_EMIT received();
+    });
+    handlerPipe = pipe_[1];
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+        setHandler(signal, handleSignal);
+}
+
+TerminationSignals::~TerminationSignals() {
+    if (pipe_[0] < 0)
+        return;
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+        setHandler(signal, SIG_DFL);
+    handlerPipe = -1;
+    notifier_.reset();
+    for (const int end : pipe_)
+        close(end);
+}
+
+} // namespace tarnwick

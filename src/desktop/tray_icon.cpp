@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/tray_icon.h"
+
+namespace tarnwick {
+
+using namespace Qt::StringLiterals;
+
+TrayIcon::TrayIcon(const QIcon& picture, bool hasMenu) {
+    icon_.setIcon(picture);
+    // Status areas offer no text but this one to a screen reader.
+    icon_.setToolTip(u"Tarnwick Network"_s);
+    if (hasMenu)
+        makeMenu();
+    QObject::connect(&icon_, &QSystemTrayIcon::activated, this,
+                     [this](QSystemTrayIcon::ActivationReason reason) {
+                         // The second of two quick clicks is not told twice.
+                         if (reason == QSystemTrayIcon::Trigger ||
+                             reason == QSystemTrayIcon::DoubleClick)
+                             Q_EMIT clicked();
+                     });
+    icon_.show();
+}
+
+TrayIcon::~TrayIcon() = default;
+
+std::optional<QRect> TrayIcon::geometry() const {
+    const QRect rect = icon_.geometry();
+    if (rect.isEmpty())
+        return std::nullopt;
+    return rect;
+}
+
+void TrayIcon::makeMenu() {
+    menu_ = std::make_unique<QMenu>();
+    QObject::connect(menu_->addAction(u"Open Tarnwick Network"_s), &QAction::triggered, this,
+                     &TrayIcon::openChosen);
+    QObject::connect(menu_->addAction(u"Quit Tarnwick Network"_s), &QAction::triggered, this,
+                     &TrayIcon::quitChosen);
+    icon_.setContextMenu(menu_.get());
+}
+
+} // namespace tarnwick

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QIcon>
+#include <QMenu>
+#include <QObject>
+#include <QRect>
+#include <QSystemTrayIcon>
+
+#include <memory>
+#include <optional>
+
+namespace tarnwick {
+
+/// The program's icon in the status area. Made only when there is one.
+class TrayIcon : public QObject {
+    Q_OBJECT
+
+public:
+    /// `hasMenu`: whether the right button opens a menu, or does what the left one does.
+    TrayIcon(const QIcon& picture, bool hasMenu);
+    ~TrayIcon() override;
+    TrayIcon(const TrayIcon&) = delete;
+    TrayIcon& operator=(const TrayIcon&) = delete;
+
+    /// Where the icon is, in device-independent pixels; none when the status area does not tell.
+    std::optional<QRect> geometry() const;
+
+Q_SIGNALS:
+    void clicked();
+    void openChosen(); ///< In the context menu.
+    void quitChosen();
+
+private:
+    void makeMenu();
+
+    std::unique_ptr<QMenu> menu_; ///< Outlives the icon that shows it.
+    QSystemTrayIcon icon_;
+};
+
+} // namespace tarnwick

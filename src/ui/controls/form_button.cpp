@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include "ui/controls/form_button.h"
+
+#include "ui/style/colors.h"
+
+#include <QPainter>
+#include <QStyle>
+
+namespace tarnwick {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double radius = 5;
+
+/// White on the accent colour, which is darkened as far as that needs; a light accent keeps its
+/// shade and gets a black title.
+std::pair<QColor, QColor> accentAndTitle(const QPalette& palette) {
+    constexpr double textContrast = 4.5;
+    constexpr double lightAccent = 2.5;
+    QColor accent = palette.color(QPalette::Active, QPalette::Highlight);
+    accent.setAlpha(255);
+    if (contrastRatio(Qt::white, accent) < lightAccent)
+        return {accent, Qt::black};
+    while (contrastRatio(Qt::white, accent) < textContrast)
+        accent = accent.darker(103);
+    return {accent, Qt::white};
+}
+
+QColor withOpacity(QColor color, float opacity) {
+    color.setAlphaF(opacity);
+    return color;
+}
+
+} // namespace
+
+FormButton::FormButton(const QString& title, Prominence prominence, QWidget* parent)
+    : QPushButton(title, parent), prominence_(prominence) {
+    setAttribute(Qt::WA_Hover);
+    setDefault(prominence == Prominence::Prominent);
+}
+
+FormButton::Look FormButton::look() const {
+    const bool isTouched = isEnabled() && (isDown() || underMouse());
+    if (prominence_ == Prominence::Prominent && isEnabled()) {
+        const auto [accent, title] = accentAndTitle(palette());
+        const QColor ground = isTouched ? accent.darker(isDown() ? 120 : 108) : accent;
+        return {ground, ground, title};
+    }
+    const QColor text = palette().color(QPalette::Active, QPalette::WindowText);
+    const float groundOpacity = isDown() ? 0.2F : isTouched ? 0.14F : 0.08F;
+    constexpr float disabledOpacity = 0.4F;
+    return {withOpacity(text, groundOpacity), borderColor(palette()),
+            isEnabled() ? text : withOpacity(text, disabledOpacity)};
+}
+
+// A Mac shows by itself which button is the main one; other styles do it so faintly that nobody
+// would call it prominent, and each with corners of its own.
+void FormButton::paintEvent(QPaintEvent* event) {
+    if (style()->name() == "macos"_L1) {
+        QPushButton::paintEvent(event);
+        return;
+    }
+    const Look colors = look();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF frame = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+    painter.setPen(colors.edge);
+    painter.setBrush(colors.ground);
+    painter.drawRoundedRect(frame, radius, radius);
+    if (hasFocus()) { // inside, where the ground is known
+        painter.setPen(QPen(colors.title, 1));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(frame.adjusted(2, 2, -2, -2), radius - 2, radius - 2);
+    }
+    painter.setPen(colors.title);
+    painter.drawText(rect(), Qt::AlignCenter, text());
+}
+
+} // namespace tarnwick

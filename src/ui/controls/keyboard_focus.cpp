@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include "ui/controls/keyboard_focus.h"
+
+#include <QKeyEvent>
+#include <QScrollArea>
+#include <QWidget>
+
+#include <algorithm>
+#include <utility>
+
+namespace tarnwick {
+
+namespace {
+
+/// The controls of the window that Tab can reach, as the eye goes.
+QList<QWidget*> controls(const QWidget* window) {
+    QList<std::pair<QPoint, QWidget*>> found;
+    const bool isMirrored = window->layoutDirection() == Qt::RightToLeft;
+    for (QWidget* widget : window->findChildren<QWidget*>()) {
+        const bool takesTab = (widget->focusPolicy() & Qt::TabFocus) != 0;
+        if (!takesTab || widget->window() != window || !widget->isVisibleTo(window))
+            continue;
+        const QPoint place = widget->mapTo(window, QPoint(0, 0));
+        const int along = isMirrored ? -place.x() - widget->width() : place.x();
+        found.append({QPoint(along, place.y()), widget});
+    }
+    std::ranges::stable_sort(found, [](const auto& one, const auto& other) {
+        return std::pair(one.first.y(), one.first.x()) <
+               std::pair(other.first.y(), other.first.x());
+    });
+    QList<QWidget*> widgets;
+    for (const auto& [place, widget] : std::as_const(found))
+        widgets.append(widget);
+    return widgets;
+}
+
+} // namespace
+
+bool isKeyboardReason(Qt::FocusReason reason) {
+    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+           reason == Qt::ShortcutFocusReason;
+}
+
+int arrowDirection(const QKeyEvent& event, Qt::LayoutDirection layoutDirection) {
+    const int along = layoutDirection == Qt::LeftToRight ? 1 : -1;
+    switch (event.key()) {
+    case Qt::Key_Down:
+        return 1;
+    case Qt::Key_Up:
+        return -1;
+    case Qt::Key_Right:
+        return along;
+    case Qt::Key_Left:
+        return -along;
+    default:
+        return 0;
+    }
+}
+
+bool moveFocus(QWidget* window, int direction) {
+    const QList<QWidget*> widgets = controls(window);
+    if (widgets.isEmpty())
+        return false;
+    const qsizetype now = widgets.indexOf(window->focusWidget());
+    const qsizetype last = widgets.size() - 1;
+    qsizetype next = direction > 0 ? 0 : last;
+    if (now >= 0 && direction > 0)
+        next = now == last ? 0 : now + 1;
+    else if (now >= 0)
+        next = now == 0 ? last : now - 1;
+    widgets[next]->setFocus(direction > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
+}
+
+void scrollIntoView(QWidget* widget) {
+    for (QWidget* above = widget->parentWidget(); above != nullptr; above = above->parentWidget()) {
+        if (auto* area = qobject_cast<QScrollArea*>(above)) {
+            area->ensureWidgetVisible(widget, 0, 0);
+            return;
+        }
+    }
+}
+
+} // namespace tarnwick

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include "ui/controls/popover_row.h"
+
+#include "ui/controls/keyboard_focus.h"
+
+#include <utility>
+
+namespace tarnwick {
+
+PopoverRow::PopoverRow(QWidget* parent) : RowButton(parent) {
+    QObject::connect(this, &QAbstractButton::clicked, this,
+                     [this] { setPopoverPresented(!isPopoverPresented()); });
+}
+
+void PopoverRow::setPopoverPresented(bool presented) {
+    if (presented == isPopoverPresented())
+        return;
+    if (presented)
+        open();
+    else
+        close();
+    update();
+}
+
+void PopoverRow::open() {
+    list_ = makeList();
+    updateList(*list_);
+    popover_ = new Popover(this, list_);
+    QObject::connect(popover_, &Popover::dismissedByUser, this,
+                     [this] { setPopoverPresented(false); });
+    popover_->present();
+    // Opened with the keyboard, it goes on there; else the list waits for arrow keys at most.
+    if (showsFocusRing())
+        moveFocus(popover_, 1);
+    else if (list_->scrollArea()->focusPolicy() != Qt::NoFocus)
+        list_->scrollArea()->setFocus(Qt::OtherFocusReason);
+}
+
+void PopoverRow::close() {
+    list_ = nullptr;
+    Popover* closing = std::exchange(popover_, nullptr);
+    closing->dismiss();
+    closing->deleteLater(); // one of its own controls may have closed it
+}
+
+void PopoverRow::contentChanged() {
+    updateGeometry();
+    update();
+    if (list_ != nullptr)
+        updateList(*list_);
+}
+
+void PopoverRow::hideEvent(QHideEvent* event) {
+    setPopoverPresented(false);
+    RowButton::hideEvent(event);
+}
+
+} // namespace tarnwick

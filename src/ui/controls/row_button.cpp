@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#include "ui/controls/row_button.h"
+
+#include "ui/controls/display_text.h"
+#include "ui/controls/keyboard_focus.h"
+#include "ui/style/row_painting.h"
+
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QToolTip>
+
+namespace tarnwick {
+
+RowButton::RowButton(QWidget* parent) : QAbstractButton(parent) {
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+QRect RowButton::mirrored(const QRect& rect) const {
+    return QStyle::visualRect(layoutDirection(), this->rect(), rect);
+}
+
+void RowButton::setHovering(bool hovering) {
+    isHovering_ = hovering;
+    update();
+}
+
+bool RowButton::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        const QString text = tooltipText();
+        if (text.isEmpty())
+            QToolTip::hideText();
+        else
+            QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), plainTooltip(text),
+                               this);
+        return true;
+    }
+    if (event->type() == QEvent::ApplicationFontChange)
+        updateGeometry();
+    return QAbstractButton::event(event);
+}
+
+void RowButton::enterEvent(QEnterEvent* event) {
+    QAbstractButton::enterEvent(event);
+    setHovering(true);
+}
+
+void RowButton::leaveEvent(QEvent* event) {
+    QAbstractButton::leaveEvent(event);
+    setHovering(false);
+}
+
+void RowButton::hideEvent(QHideEvent* event) {
+    QAbstractButton::hideEvent(event);
+    setHovering(false); // what is hidden under the pointer gets no leave event
+}
+
+void RowButton::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        click();
+        return;
+    }
+    if (arrowDirection(*event, layoutDirection()) != 0) {
+        event->ignore(); // the window moves the focus
+        return;
+    }
+    QAbstractButton::keyPressEvent(event);
+}
+
+void RowButton::focusInEvent(QFocusEvent* event) {
+    // A window that becomes active again gives the focus back as it was.
+    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason)
+        showsFocusRing_ = isKeyboardReason(event->reason());
+    if (showsFocusRing_)
+        scrollIntoView(this);
+    QAbstractButton::focusInEvent(event);
+}
+
+void RowButton::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    if (isHighlighted())
+        paintHighlight(painter, rect(), palette());
+    painter.save();
+    if (isDown())
+        painter.setOpacity(0.6);
+    paintRow(painter);
+    painter.restore();
+    if (showsFocusRing())
+        paintFocusRing(painter, rect(), palette());
+}
+
+} // namespace tarnwick

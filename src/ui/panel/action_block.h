@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/panel/panel_content.h"
+
+#include <QHash>
+#include <QVBoxLayout>
+#include <QWidget>
+
+namespace tarnwick {
+
+/// The rows at the bottom of the panel that do something.
+class ActionBlock : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ActionBlock(QWidget* parent);
+
+    /// Rows live on from one content to the next where they do the same.
+    void setContent(const PanelContent::Actions& content);
+
+Q_SIGNALS:
+    void called(const PanelCall& call);
+
+private:
+    QWidget* rowFor(const PanelContent::Action& action, QWidget* row);
+
+    QVBoxLayout* column_;
+    QHash<QString, QWidget*> rows_;
+};
+
+} // namespace tarnwick

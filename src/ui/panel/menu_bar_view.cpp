@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: MIT
+#include "ui/panel/menu_bar_view.h"
+
+#include "ui/controls/font_change_forwarder.h"
+#include "ui/controls/keyboard_focus.h"
+#include "ui/controls/popover_row.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QWindow>
+
+#include <algorithm>
+#include <utility>
+
+namespace tarnwick {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr Qt::WindowFlags panelFlags =
+    Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint;
+
+/// Between a popover's closing and the panel's becoming active again, no window may be active for
+/// as long as the window manager takes.
+constexpr int handOverMilliseconds = 300;
+
+} // namespace
+
+MenuBarView::MenuBarView(std::shared_ptr<DaemonManager> daemon, PanelCalls calls, QWidget* parent)
+    : QWidget(parent, panelFlags), daemon_(std::move(daemon)), calls_(std::move(calls)),
+      surface_(this), scrollArea_(new OverlayScrollArea(this)), column_(new PanelColumn(nullptr)) {
+    setWindowTitle(u"Tarnwick Network"_s);
+    setFixedWidth(panelWidth);
+    scrollArea_->setContents(column_);
+    new FontChangeForwarder(this);
+    activationReview_.setSingleShot(true);
+    QObject::connect(&activationReview_, &QTimer::timeout, this, &MenuBarView::reviewActivation);
+    QObject::connect(&daemon_->objectWillChange, &ObjectWillChange::announced, this,
+                     &MenuBarView::scheduleRender);
+    QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, this,
+                     &MenuBarView::scheduleActivationReview);
+    QObject::connect(column_, &PanelColumn::called, this,
+                     [this](const PanelCall& call) { calls_.perform(call); });
+}
+
+MenuBarView::~MenuBarView() = default;
+
+QSize MenuBarView::panelSize() {
+    render();
+    return {panelWidth, std::min(column_->contentHeight(panelWidth), maximumPanelHeight_)};
+}
+
+void MenuBarView::setMaximumPanelHeight(int height) {
+    maximumPanelHeight_ = height;
+    if (isVisible())
+        fitHeight();
+}
+
+void MenuBarView::openAt(const QPoint& topLeft) {
+    openAs(panelFlags, topLeft);
+}
+
+void MenuBarView::openAsWindowAt(const QPoint& topLeft) {
+    openAs(Qt::Window, topLeft);
+}
+
+bool MenuBarView::isOrdinaryWindow() const {
+    return !windowFlags().testFlag(Qt::FramelessWindowHint);
+}
+
+void MenuBarView::openAs(Qt::WindowFlags flags, const QPoint& topLeft) {
+    // Qt adds flags of its own; this one tells the two apart. Setting flags hides the window.
+    if (windowFlags().testFlag(Qt::FramelessWindowHint) != flags.testFlag(Qt::FramelessWindowHint))
+        setWindowFlags(flags);
+    setFocus(Qt::OtherFocusReason); // else a window that becomes active focuses its first control
+    const QRect opened(topLeft, panelSize());
+    const QScreen* screen = QGuiApplication::screenAt(opened.center());
+    if (screen == nullptr)
+        screen = this->screen();
+    const QRect available = screen->availableGeometry();
+    growsUpwards_ = available.bottom() - opened.bottom() < opened.top() - available.top();
+    lastActive_ = this;
+    setGeometry(opened);
+    show();
+    raise();
+    activateWindow();
+}
+
+void MenuBarView::setVisible(bool visible) {
+    if (visible && !isVisible()) {
+        render(); // so that the first frame is up to date
+        resize(panelSize());
+        surface_.prepareToShow();
+    }
+    QWidget::setVisible(visible);
+}
+
+void MenuBarView::scheduleRender() {
+    if (isRenderScheduled_ || !isVisible())
+        return;
+    isRenderScheduled_ = true;
+    QMetaObject::invokeMethod(this, &MenuBarView::renderScheduled, Qt::QueuedConnection);
+}
+
+void MenuBarView::renderScheduled() {
+    isRenderScheduled_ = false;
+    if (isVisible())
+        render();
+}
+
+void MenuBarView::render() {
+    PanelContent content = PanelContent::of(daemon_->state());
+    if (shown_ == content)
+        return;
+    column_->setContent(content);
+    shown_ = std::move(content);
+    ++renderCount_;
+    if (isVisible())
+        fitHeight();
+}
+
+void MenuBarView::fitHeight() {
+    const int newHeight = std::min(column_->contentHeight(panelWidth), maximumPanelHeight_);
+    if (newHeight == height())
+        return;
+    QRect fitted(geometry().topLeft(), QSize(panelWidth, newHeight));
+    if (growsUpwards_)
+        fitted.moveBottom(geometry().bottom());
+    const QRect available = screen()->availableGeometry();
+    fitted.moveTop(
+        std::max(available.top(), std::min(fitted.top(), available.bottom() + 1 - newHeight)));
+    setGeometry(fitted);
+}
+
+bool MenuBarView::event(QEvent* event) {
+    if (event->type() == QEvent::WindowDeactivate && isVisible())
+        scheduleActivationReview();
+    if (event->type() == QEvent::ApplicationFontChange && isVisible())
+        QMetaObject::invokeMethod(this, &MenuBarView::fitHeight, Qt::QueuedConnection);
+    return QWidget::event(event);
+}
+
+bool MenuBarView::ownsWindow(const QWidget* window) const {
+    for (; window != nullptr; window = window->parentWidget())
+        if (window == this)
+            return true;
+    return false;
+}
+
+void MenuBarView::scheduleActivationReview() {
+    const QWidget* active = QApplication::activeWindow();
+    const bool popoverWentAway = !lastActive_ || !lastActive_->isVisible();
+    activationReview_.start(active == nullptr && popoverWentAway ? handOverMilliseconds : 0);
+    if (ownsWindow(active))
+        lastActive_ = active;
+}
+
+void MenuBarView::reviewActivation() {
+    if (!isVisible() || isOrdinaryWindow() || ownsWindow(QApplication::activeWindow()))
+        return;
+    Q_EMIT dismissedByDeactivation();
+    hide();
+}
+
+bool MenuBarView::closeInnermostPopover() {
+    for (PopoverRow* row : findChildren<PopoverRow*>()) {
+        if (row->isPopoverPresented()) {
+            row->setPopoverPresented(false);
+            return true;
+        }
+    }
+    return false;
+}
+
+void MenuBarView::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) {
+        if (!closeInnermostPopover())
+            hide();
+    } else if (const int direction = arrowDirection(*event, layoutDirection()); direction != 0) {
+        moveFocus(this, direction);
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void MenuBarView::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    scrollArea_->setGeometry(rect());
+    surface_.setShape(isOrdinaryWindow() ? squareShape(rect()) : roundedShape(rect()));
+}
+
+bool MenuBarView::focusNextPrevChild(bool next) {
+    return moveFocus(this, next ? 1 : -1);
+}
+
+void MenuBarView::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    Q_EMIT closed();
+}
+
+void MenuBarView::paintEvent(QPaintEvent*) {
+    surface_.paint();
+}
+
+} // namespace tarnwick

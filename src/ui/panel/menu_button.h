@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/controls/row_button.h"
+#include "ui/panel/panel_content.h"
+
+namespace tarnwick {
+
+/// A row of the panel that does one thing: a symbol, a title, and the rest of the width.
+class MenuButton : public RowButton {
+    Q_OBJECT
+
+public:
+    explicit MenuButton(QWidget* parent);
+
+    void setContent(const PanelContent::Button& content);
+
+    const PanelContent::Button& content() const { return content_; }
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintRow(QPainter& painter) override;
+
+private:
+    PanelContent::Button content_;
+};
+
+} // namespace tarnwick

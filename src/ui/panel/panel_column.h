@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/panel/panel_content.h"
+
+#include <QVBoxLayout>
+#include <QWidget>
+
+#include <array>
+
+namespace tarnwick {
+
+/// The sections of the panel, one below the other, with dividers between them.
+class PanelColumn : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit PanelColumn(QWidget* parent);
+
+    /// Sections live on from one content to the next; one that is left out goes.
+    void setContent(const PanelContent& content);
+
+    /// Height that the contents take at that width.
+    int contentHeight(int width) const;
+
+Q_SIGNALS:
+    void called(const PanelCall& call);
+
+private:
+    template <typename View, typename Content>
+    void showView(QWidget*& view, const Content& content);
+    void showSection(const PanelContent::Section& section);
+    void addDivider(qsizetype number);
+    void removeUnused(const PanelContent& content);
+
+    static constexpr std::size_t sectionKinds = std::variant_size_v<PanelContent::Section>;
+
+    QVBoxLayout* column_;
+    std::array<QWidget*, sectionKinds> views_{}; // by the section's kind
+    QList<QWidget*> dividers_;
+};
+
+} // namespace tarnwick

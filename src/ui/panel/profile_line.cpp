@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#include "ui/panel/profile_line.h"
+
+#include <QStyle>
+
+#include <algorithm>
+
+namespace tarnwick {
+
+namespace {
+
+constexpr int linePadding = 6;
+constexpr int removeGap = 6;
+
+} // namespace
+
+ProfileLine::ProfileLine(QWidget* parent)
+    : QWidget(parent), pick_(new PickButton(this)), remove_(new RemoveButton(this)) {
+    QObject::connect(pick_, &QAbstractButton::clicked, this,
+                     [this] { Q_EMIT picked(profile_.pick); });
+    QObject::connect(remove_, &QAbstractButton::clicked, this, [this] {
+        if (profile_.remove)
+            Q_EMIT removed(*profile_.remove);
+    });
+}
+
+void ProfileLine::setProfile(const PanelContent::Profile& profile) {
+    profile_ = profile;
+    pick_->setProfile(profile_);
+    pick_->setReservedWidth(profile_.remove ? RemoveButton::sideLength + removeGap : 0);
+    remove_->setVisible(profile_.remove.has_value());
+    remove_->setAccessibleDescription(pick_->accessibleName());
+}
+
+QSize ProfileLine::sizeHint() const {
+    const int texts = pick_->title().sizeHint().height() + PickButton::lineGap +
+                      pick_->subtitle().sizeHint().height();
+    return {0, std::max(texts, RemoveButton::sideLength) + 2 * linePadding};
+}
+
+void ProfileLine::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    pick_->setGeometry(rect());
+    const QRect trash(width() - PickButton::horizontalPadding - RemoveButton::sideLength,
+                      (height() - RemoveButton::sideLength) / 2, RemoveButton::sideLength,
+                      RemoveButton::sideLength);
+    remove_->setGeometry(QStyle::visualRect(layoutDirection(), rect(), trash));
+    remove_->raise();
+}
+
+} // namespace tarnwick

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "ui/panel/profile_picker_row.h"
+
+#include "ui/panel/profile_line.h"
+#include "ui/style/row_geometry.h"
+
+#include <QPainter>
+
+namespace tarnwick {
+
+namespace {
+
+constexpr RowGeometry pickerGrid{.look = {TextStyle::Body}, .verticalPadding = 6};
+
+}
+
+ProfilePickerRow::ProfilePickerRow(QWidget* parent) : PopoverRow(parent) {}
+
+void ProfilePickerRow::setContent(const PanelContent::ProfilePicker& content) {
+    if (content == content_)
+        return;
+    content_ = content;
+    setAccessibleName(content_.title);
+    contentChanged();
+}
+
+QSize ProfilePickerRow::sizeHint() const {
+    return {0, pickerGrid.rowHeight()};
+}
+
+void ProfilePickerRow::paintRow(QPainter& painter) {
+    pickerGrid.paintSymbolAndTitle(painter, *this, content_.symbol, content_.title,
+                                   pickerGrid.textRectBeforeChevron(rect()));
+    pickerGrid.paintChevron(painter, *this);
+}
+
+PopoverList* ProfilePickerRow::makeList() {
+    return new PopoverList(maximumListHeight, [this](QWidget* row, qsizetype index) {
+        return provideLine(row, index);
+    });
+}
+
+void ProfilePickerRow::updateList(PopoverList& list) {
+    QStringList keys;
+    for (const PanelContent::Profile& profile : std::as_const(content_.profiles))
+        keys.append(profile.key);
+    list.setContent(content_.title, keys);
+}
+
+QWidget* ProfilePickerRow::provideLine(QWidget* row, qsizetype index) {
+    auto* line = static_cast<ProfileLine*>(row);
+    if (line == nullptr) {
+        line = new ProfileLine;
+        QObject::connect(line, &ProfileLine::picked, this, [this](const PanelCall& call) {
+            setPopoverPresented(false);
+            Q_EMIT picked(call);
+        });
+        QObject::connect(line, &ProfileLine::removed, this, [this](const PanelCall& call) {
+            setPopoverPresented(false);
+            Q_EMIT removed(call);
+        });
+    }
+    line->setProfile(content_.profiles[index]);
+    return line;
+}
+
+} // namespace tarnwick

@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+#include "ui/windows/auth_key_view.h"
+
+#include "model/host_name.h"
+#include "ui/controls/form_button.h"
+#include "ui/controls/rounded_field.h"
+#include "ui/controls/scrolling_text.h"
+#include "ui/windows/connection_wait.h"
+
+#include <QEvent>
+#include <QPointer>
+#include <QVBoxLayout>
+
+namespace tarnwick {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int spacing = 16;
+constexpr int groupSpacing = 6;
+constexpr int buttonSpacing = 8;
+constexpr int buttonPadding = 14;
+constexpr int padding = 24;
+constexpr int moreRefreshes = 5; // after the first
+
+WrappedLabel* makeLabel(const QString& text, const TextLook& look, ThemeColor color,
+                        QWidget* parent) {
+    auto* label = new WrappedLabel(look, color, parent);
+    label->setContent(text);
+    return label;
+}
+
+} // namespace
+
+AuthKeyView::AuthKeyView(std::shared_ptr<DaemonManager> daemon, AuthKeyViewOptions options,
+                         QWidget* parent)
+    : QWidget(parent), daemon_(std::move(daemon)), options_(std::move(options)),
+      deviceName_(new RoundedField(this)), authKey_(new RoundedField(this)),
+      error_(new ScrollingText({TextStyle::Caption}, ThemeColor::Red, this)),
+      cancelButton_(new FormButton(u"Cancel"_s, FormButton::Prominence::Plain, this)),
+      connectButton_(new FormButton(u"Connect"_s, FormButton::Prominence::Prominent, this)) {
+    deviceName_->setText(sanitizeHostname(options_.computerName));
+    layOut();
+    cancelButton_->setShortcut(Qt::Key_Escape);
+    connect(cancelButton_, &QPushButton::clicked, this, [this] {
+        const auto onClose = options_.onClose; // it may delete this
+        onClose();
+    });
+    connect(connectButton_, &QPushButton::clicked, this, &AuthKeyView::connectToNetwork);
+    connect(authKey_, &QLineEdit::textChanged, this, &AuthKeyView::render);
+    connect(&daemon_->objectWillChange, &ObjectWillChange::announced, this,
+            &AuthKeyView::scheduleRender);
+    render();
+}
+
+void AuthKeyView::layOut() {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(padding, padding, padding, padding);
+    layout->setSpacing(spacing);
+    layout->addWidget(makeLabel(u"Connect to Tarnwick Network"_s,
+                                {TextStyle::Title3, TextWeight::Semibold}, ThemeColor::Label,
+                                this));
+    layout->addWidget(makeLabel(
+        u"Enter the device name and auth key from your Tarnwick dashboard (Add Device)."_s,
+        {TextStyle::Caption}, ThemeColor::Secondary, this));
+    layout->addLayout(makeField(u"Device Name"_s, u"my-device"_s, deviceName_));
+    layout->addLayout(makeField(u"Auth Key"_s, u"Paste your auth key here..."_s, authKey_));
+    layout->addWidget(error_);
+    layout->addStretch(1);
+    layout->addLayout(makeButtons());
+    fitTexts();
+}
+
+void AuthKeyView::fitTexts() {
+    // Wide enough for its longer title, so that it does not move under the pointer.
+    const int longerTitle = connectButton_->fontMetrics().horizontalAdvance(u"Connecting..."_s);
+    connectButton_->setMinimumWidth(longerTitle + 2 * buttonPadding);
+    const int needed = layout()->minimumHeightForWidth(formSize.width());
+    setFixedSize(formSize.width(), std::max(formSize.height(), needed));
+}
+
+bool AuthKeyView::event(QEvent* event) {
+    if (event->type() == QEvent::LayoutRequest)
+        fitTexts(); // they grow with the user's font
+    return QWidget::event(event);
+}
+
+QLayout* AuthKeyView::makeField(const QString& label, const QString& placeholder,
+                                QLineEdit* field) {
+    auto* group = new QVBoxLayout;
+    group->setSpacing(groupSpacing);
+    auto* caption =
+        makeLabel(label, {TextStyle::Caption, TextWeight::Medium}, ThemeColor::Label, this);
+    caption->setBuddy(field);
+    field->setAccessibleName(label);
+    field->setPlaceholderText(placeholder);
+    group->addWidget(caption);
+    group->addWidget(field);
+    return group;
+}
+
+QLayout* AuthKeyView::makeButtons() {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(buttonSpacing);
+    row->addStretch(1);
+    row->addWidget(cancelButton_);
+    row->addWidget(connectButton_);
+    return row;
+}
+
+void AuthKeyView::connectToNetwork() {
+    setConnecting(true);
+    daemon_->errorMessage.set(std::nullopt);
+    const auto wait = [daemon = std::weak_ptr(daemon_), interval = options_.retryInterval,
+                       onClose = options_.onClose] {
+        checkAndClose(daemon, interval, onClose, moreRefreshes);
+    };
+    daemon_->connectWithAuthKey(authKey_->text(), sanitizeHostname(deviceName_->text()),
+                                [view = QPointer(this), wait] {
+                                    if (view)
+                                        view->setConnecting(false);
+                                    wait();
+                                });
+}
+
+void AuthKeyView::setConnecting(bool connecting) {
+    connecting_ = connecting;
+    render();
+}
+
+// Announced before the new value is there to be read.
+void AuthKeyView::scheduleRender() {
+    if (std::exchange(renderIsDue_, true))
+        return;
+    QMetaObject::invokeMethod(this, &AuthKeyView::render, Qt::QueuedConnection);
+}
+
+void AuthKeyView::render() {
+    renderIsDue_ = false;
+    connectButton_->setText(connecting_ ? u"Connecting..."_s : u"Connect"_s);
+    connectButton_->setEnabled(!authKey_->text().isEmpty() && !connecting_);
+    const auto message = daemon_->errorMessage();
+    const QString text = message.value_or(QString());
+    if (error_->text() != text)
+        error_->setText(text);
+    error_->setVisible(message.has_value());
+}
+
+} // namespace tarnwick

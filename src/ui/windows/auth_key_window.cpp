@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#include "ui/windows/auth_key_window.h"
+
+#include "ui/controls/font_change_forwarder.h"
+#include "ui/windows/auth_key_view.h"
+#include "ui/windows/screen_center.h"
+
+#include <QDialog>
+#include <QVBoxLayout>
+
+namespace tarnwick {
+
+using namespace Qt::StringLiterals;
+
+AuthKeyWindow::AuthKeyWindow(AuthKeyWindowOptions options) : options_(std::move(options)) {}
+
+AuthKeyWindow::~AuthKeyWindow() {
+    delete window_->release(); // no event loop may be left to do it later
+}
+
+// Its own button may be the one that closes it.
+void AuthKeyWindow::DeleteLater::operator()(QDialog* window) const {
+    window->close();
+    window->deleteLater();
+}
+
+void AuthKeyWindow::show(const std::shared_ptr<DaemonManager>& daemon) {
+    window_->reset();
+    // A dialog of no parent, not a tool window, which macOS would hide with the program.
+    window_->reset(new QDialog(nullptr, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                                            Qt::WindowCloseButtonHint | Qt::WindowStaysOnTopHint));
+    QDialog& window = **window_;
+    window.setWindowTitle(u"Connect to Network"_s);
+    auto* layout = new QVBoxLayout(&window);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    AuthKeyViewOptions form{.computerName = options_.computerName(),
+                            .retryInterval = options_.retryInterval,
+                            .onClose = [weak = std::weak_ptr(window_)] {
+                                if (const auto holder = weak.lock())
+                                    holder->reset();
+                            }};
+    layout->addWidget(new AuthKeyView(daemon, std::move(form), &window));
+    new FontChangeForwarder(&window);
+    centerOnScreen(window);
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
+} // namespace tarnwick

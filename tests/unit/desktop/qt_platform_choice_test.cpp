@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/qt_platform_choice.h"
+
+#include <gtest/gtest.h>
+
+namespace tarnwick {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QProcessEnvironment environment(const QString& wayland, const QString& x, const QString& qpa = {}) {
+    QProcessEnvironment result;
+    result.insert(u"WAYLAND_DISPLAY"_s, wayland);
+    result.insert(u"DISPLAY"_s, x);
+    result.insert(u"QT_QPA_PLATFORM"_s, qpa);
+    return result;
+}
+
+} // namespace
+
+TEST(QtPlatformChoice, PrefersTheXDisplayOfAWaylandSession) {
+    EXPECT_EQ(preferredQtPlatforms(environment(u"wayland-0"_s, u":0"_s)), u"xcb;wayland"_s);
+}
+
+TEST(QtPlatformChoice, LeavesSessionsOfOneKindToQt) {
+    EXPECT_EQ(preferredQtPlatforms(environment({}, u":0"_s)), QString());
+    EXPECT_EQ(preferredQtPlatforms(environment(u"wayland-0"_s, {})), QString());
+    EXPECT_EQ(preferredQtPlatforms({}), QString());
+}
+
+TEST(QtPlatformChoice, LeavesTheUsersDecisionAlone) {
+    EXPECT_EQ(preferredQtPlatforms(environment(u"wayland-0"_s, u":0"_s, u"wayland"_s)), QString());
+}
+
+} // namespace tarnwick

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "panel_on_screen.h"
+#include "ui/panel/header_view.h"
+#include "ui/panel/info_view.h"
+
+#include <QScopeGuard>
+
+namespace tarnwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class Appearance : public test::PanelOnScreen {};
+
+TEST_F(Appearance, RightToLeftLayoutsMirror) {
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    DaemonState state = test::connectedState();
+    state.devices = test::numberedDevices(2);
+    test::publish(*daemon, state);
+    panel->openAt({20, 40});
+    settle();
+    EXPECT_EQ(placeIn(find<HeaderView>()->status(), *panel).right(), 300 - 16 - 16 - 8 - 1);
+    EXPECT_EQ(placeIn(find<InfoView>()->value(0), *panel).left(), 16);
+    auto* entry = find<DevicesSubmenu>();
+    click(entry);
+    EXPECT_EQ(entry->popover()->x(), panel->geometry().right() + 1) << "beside the leading edge";
+    const DeviceRow& row = *deviceRow(*entry, 0);
+    EXPECT_EQ(row.dotRect().right(), 260 - 16 - 1);
+    EXPECT_EQ(row.os().x(), 16);
+}
+
+TEST_F(Appearance, TextsOfTwiceTheSizeFitWhileItIsOpen) {
+    const QFont original = QApplication::font();
+    const auto restore = qScopeGuard([&] { QApplication::setFont(original); });
+    DaemonState state = test::connectedState();
+    state.devices = test::numberedDevices(3);
+    open(state);
+    auto* entry = find<DevicesSubmenu>();
+    click(entry);
+    const int entryHeight = entry->height();
+    const int rowHeight = deviceRow(*entry, 0)->height();
+    const int panelHeight = panel->height();
+    QFont large = original;
+    large.setPixelSize(26);
+    QApplication::setFont(large);
+    settle();
+    EXPECT_GT(entry->height(), entryHeight);
+    EXPECT_GT(deviceRow(*entry, 0)->height(), rowHeight);
+    EXPECT_GE(deviceRow(*entry, 1)->y(), deviceRow(*entry, 0)->geometry().bottom());
+    EXPECT_GT(panel->height(), panelHeight);
+    EXPECT_EQ(panel->width(), 300);
+    for (const StyledLabel* label : panel->findChildren<StyledLabel*>()) {
+        EXPECT_EQ(label->font().pixelSize(), label->look().font().pixelSize());
+        EXPECT_GE(label->height(), label->fontMetrics().height()) << qPrintable(label->text());
+    }
+    QApplication::setFont(original);
+    settle();
+    EXPECT_EQ(panel->height(), panelHeight);
+    EXPECT_EQ(entry->height(), entryHeight);
+    EXPECT_EQ(deviceRow(*entry, 0)->height(), rowHeight);
+}
+
+TEST_F(Appearance, DarkAndLightFollowThePaletteWhileRunning) {
+    const QPalette original = QApplication::palette();
+    const auto restore = qScopeGuard([&] { QApplication::setPalette(original); });
+    const auto groundOf = [this] {
+        return panel->grab().toImage().pixelColor(150, 4);
+    };
+    for (const QColor& ground : {QColor(0x24, 0x24, 0x24), QColor(0xfa, 0xfa, 0xfa)}) {
+        QPalette palette(ground);
+        palette.setColor(QPalette::Window, ground);
+        palette.setColor(QPalette::WindowText, ground.lightness() < 128 ? Qt::white : Qt::black);
+        QApplication::setPalette(palette);
+        if (!panel->isVisible())
+            open(test::connectedState());
+        settle();
+        EXPECT_EQ(groundOf().rgb(), ground.rgb());
+        const ElidedLabel& status = find<HeaderView>()->status();
+        EXPECT_GE(contrastRatio(status.textColor(), ground), 4.5);
+    }
+}
+
+} // namespace
+
+} // namespace tarnwick

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include "panel_on_screen.h"
+#include "ui/controls/display_text.h"
+#include "ui/panel/header_view.h"
+#include "ui/panel/info_view.h"
+
+#include <QLabel>
+
+namespace tarnwick {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class HostileTexts : public test::PanelOnScreen, public testing::WithParamInterface<QString> {};
+
+TEST_P(HostileTexts, AreShownAsTextAndTheLayoutHolds) {
+    const QString& text = GetParam();
+    DaemonState state = test::connectedState();
+    state.backendState = text;
+    state.ipAddress = text;
+    state.hostname = text;
+    state.errorMessage = text;
+    state.devices = {{text, text, {}, {text}, true, text}};
+    state.profiles = {{text, text, text, false, text, text}};
+    panel->setMaximumPanelHeight(500);
+    open(state);
+    EXPECT_EQ(panel->width(), 300);
+    EXPECT_LE(panel->height(), 500);
+    auto* entry = find<DevicesSubmenu>();
+    click(entry);
+    EXPECT_EQ(entry->list()->width(), 260);
+    EXPECT_EQ(deviceRow(*entry, 0)->height(),
+              DeviceRow(PanelContent::Device{}).sizeHint().height());
+    for (const QLabel* label : panel->findChildren<QLabel*>()) {
+        EXPECT_EQ(label->textFormat(), Qt::PlainText);
+        const QRect place(label->mapTo(label->window(), QPoint(0, 0)), label->size());
+        EXPECT_GE(place.left(), 0);
+        EXPECT_LE(place.right(), label->window()->width());
+    }
+    EXPECT_EQ(find<InfoView>()->value(1).height(), find<HeaderView>()->status().height())
+        << "one line";
+    entry->grab();
+    panel->grab();
+    entry->list()->grab();
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Texts, HostileTexts,
+    testing::Values(QString(), QString(10'000, u'W'), u"one\ntwo\r\nthree\tfour"_s,
+                    u"<img src=x><b>bold</b>&amp;"_s, u"\u202eabc\u202c \u05e9\u05dc\u05d5\u05dd"_s,
+                    u"\U0001F469\u200D\U0001F4BB\U0001F680"_s, u"a\u0000b\u0007c\u001b[31m"_s,
+                    u"&File && more"_s, QString(3, QChar(0xd800))));
+
+TEST(DisplayText, LineBreaksAndControlCharactersBecomeBlanks) {
+    EXPECT_EQ(singleLineText(u"a\nb\tc\u0007d\u2028e"_s), "a b c d e"_L1);
+    EXPECT_EQ(multiLineText(u"a\r\nb\tc"_s), "a\nb c"_L1);
+}
+
+TEST(DisplayText, MarksThatReorderTheirSurroundingsGo) {
+    EXPECT_EQ(singleLineText(u"\u202eabc\u202c\u200f\u2066d"_s), "abcd"_L1);
+    EXPECT_EQ(singleLineText(u"\U0001F469\u200D\U0001F4BB"_s), u"\U0001F469\u200D\U0001F4BB"_s)
+        << "but emoji stay joined";
+}
+
+TEST(DisplayText, IsNeverCutInsideOfACharacter) {
+    QString emoji;
+    for (int i = 0; i < 400; ++i)
+        emoji += u"\U0001F680"_s;
+    const QString shown = singleLineText(u'a' + emoji);
+    EXPECT_TRUE(shown.isValidUtf16());
+    EXPECT_TRUE(shown.endsWith(u'…'));
+}
+
+TEST(DisplayText, TooltipsShowMarkupAsItStands) {
+    EXPECT_EQ(plainTooltip(u"<b>a</b> & b"_s), "<span>&lt;b&gt;a&lt;/b&gt; &amp; b</span>"_L1);
+    EXPECT_TRUE(plainTooltip(QString(100, u'x')).contains(QChar(0x200b))) << "can be wrapped";
+}
+
+} // namespace
+
+} // namespace tarnwick
