@@ -17,7 +17,7 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 FOLDERS = ("src", "simulator")
 # These speak to the session and login managers of Linux desktops, or to X.
 LINUX_ONLY = {
-    "src/desktop/login_manager.cpp",
+    "src/desktop/sleep_monitor.cpp",
     "src/desktop/status_notifier_watcher.cpp",
     "src/desktop/x11_tray.cpp",
 }

@@ -4,10 +4,10 @@
 #include "app/command_line_options.h"
 #include "app/install_command.h"
 #include "app/tarnwick_app.h"
-#include "desktop/launch_channel.h"
+#include "desktop/instance_lock.h"
 #include "desktop/qt_platform_choice.h"
-#include "desktop/session_lock.h"
 #include "desktop/session_paths.h"
+#include "desktop/single_instance_channel.h"
 #include "platform/version.h"
 
 #include <QApplication>
@@ -23,12 +23,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int refusedStatus = 2;
-constexpr std::chrono::seconds launchPatience{3};
+constexpr std::chrono::seconds launchTimeout{3};
 
 int runSecondLaunch(int argc, char** argv, const QString& socket) {
     const QCoreApplication application(argc, argv);
     const QByteArray token = qgetenv("XDG_ACTIVATION_TOKEN");
-    if (LaunchChannel::askToShow(socket, token, launchPatience))
+    if (SingleInstanceChannel::askToShow(socket, token, launchTimeout))
         return 0;
     std::fputs("tarnwick-client: it is running already, but does not answer\n", stderr);
     return 1;
@@ -36,8 +36,8 @@ int runSecondLaunch(int argc, char** argv, const QString& socket) {
 
 int runApplication(int argc, char** argv) {
     const SessionPaths paths = SessionPaths::ofThisSession();
-    const SessionLock lock(paths.lock);
-    if (lock.state() == SessionLock::State::HeldByOther)
+    const InstanceLock lock(paths.lock);
+    if (lock.state() == InstanceLock::State::HeldByOther)
         return runSecondLaunch(argc, argv, paths.socket);
 
     // Given as arguments and not in the environment, which the programs that we start inherit.

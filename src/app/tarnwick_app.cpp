@@ -22,7 +22,8 @@ TarnwickApp::TarnwickApp(const QString& launchSocket, DaemonManagerOptions optio
     QObject::connect(&signals_, &TerminationSignals::received, qApp,
                      [] { QCoreApplication::exit(0); });
     QObject::connect(&wakeUp_, &WakeUp::woke, this, [this] { daemon_->startStatusPolling(); });
-    QObject::connect(&launches_, &LaunchChannel::showRequested, this, &TarnwickApp::showOnRequest);
+    QObject::connect(&launches_, &SingleInstanceChannel::showRequested, this,
+                     &TarnwickApp::showOnRequest);
     QObject::connect(&statusArea_, &StatusArea::appeared, this, &TarnwickApp::showIcon);
     // A session starts the program by its autostart entry; restoring it as well would be once too
     // often.

@@ -3,7 +3,7 @@
 
 #include "app/panel_presenter.h"
 #include "daemon/daemon_manager.h"
-#include "desktop/launch_channel.h"
+#include "desktop/single_instance_channel.h"
 #include "desktop/status_area.h"
 #include "desktop/termination_signals.h"
 #include "desktop/tray_icon.h"
@@ -43,7 +43,7 @@ private:
     const Platform platform_;
     TerminationSignals signals_;
     WakeUp wakeUp_;
-    LaunchChannel launches_;
+    SingleInstanceChannel launches_;
     AuthKeyWindow authKeyWindow_;
     std::unique_ptr<UpdateService> updates_; ///< Null until the first check.
     PanelPresenter presenter_;

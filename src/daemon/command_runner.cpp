@@ -18,14 +18,15 @@ QString timedOutText() {
 
 } // namespace
 
-CommandRunner::CommandRunner(QString cliPath, DaemonPaths paths, Timing timing, StopSignal stop)
+CommandRunner::CommandRunner(QString cliPath, DaemonPaths paths, Timing timing,
+                             CancellationToken cancellation)
     : cliPath_(std::move(cliPath)), paths_(std::move(paths)), timing_(timing),
-      stop_(std::move(stop)) {}
+      cancellation_(std::move(cancellation)) {}
 
 QString CommandRunner::runCLIWithTimeout(const QStringList& arguments,
                                          Timing::Milliseconds timeout) const {
     reaper_->reap();
-    if (stop_.isRequested()) // a second step of a command whose first was cut short
+    if (cancellation_.isCancelled()) // a second step of a command whose first was cut short
         return timedOutText();
     const QString socketFlag = u"--socket="_s + paths_.socketPath();
     auto child = ChildProcess::start({cliPath_, QStringList(socketFlag) + arguments});
@@ -40,7 +41,7 @@ QString CommandRunner::runCLIWithTimeout(const QStringList& arguments,
     if (!hasEnded)
         return timedOutText();
     deadline += timing_.pollStep.count();
-    return textFromUtf8(child.readOutput(deadline, stop_));
+    return textFromUtf8(child.readOutput(deadline, cancellation_));
 }
 
 QString CommandRunner::runCLI(const QStringList& arguments) const {
@@ -48,11 +49,11 @@ QString CommandRunner::runCLI(const QStringList& arguments) const {
 }
 
 void CommandRunner::pause(Timing::Milliseconds duration) const {
-    stop_.waitFor(duration);
+    cancellation_.waitFor(duration);
 }
 
 void CommandRunner::runSilently(const CommandLine& command, Timing::Milliseconds timeout) const {
-    if (stop_.isRequested())
+    if (cancellation_.isCancelled())
         return;
     auto child = ChildProcess::start(command, ChildProcess::Output::Discarded);
     waitForEnd(child, QDeadlineTimer(timeout));
@@ -61,9 +62,9 @@ void CommandRunner::runSilently(const CommandLine& command, Timing::Milliseconds
 // A child that outlives its time is asked to end and not waited for. One that merely outlives us
 // is left alone: the user's last command is to take effect.
 bool CommandRunner::waitForEnd(ChildProcess& child, QDeadlineTimer deadline) const {
-    if (child.waitForEnd(deadline, timing_.pollStep, stop_))
+    if (child.waitForEnd(deadline, timing_.pollStep, cancellation_))
         return true;
-    if (!stop_.isRequested())
+    if (!cancellation_.isCancelled())
         child.terminate();
     if (const auto pid = child.release())
         reaper_->adopt(*pid);

@@ -3,8 +3,8 @@
 
 #include "daemon/daemon_paths.h"
 #include "daemon/timing.h"
+#include "platform/cancellation_token.h"
 #include "platform/child_reaper.h"
-#include "platform/stop_signal.h"
 
 #include <QDeadlineTimer>
 #include <QString>
@@ -25,7 +25,8 @@ struct CommandLine;
 /// a stop is requested nothing is started any more, and every run reads as timed out.
 class CommandRunner {
 public:
-    CommandRunner(QString cliPath, DaemonPaths paths, Timing timing, StopSignal stop);
+    CommandRunner(QString cliPath, DaemonPaths paths, Timing timing,
+                  CancellationToken cancellation);
 
     /// Runs the tool with "--socket=…" and then `arguments`. Returns its standard output and error
     /// as they came, "" when they are not UTF-8; "error: connection timed out" when it still ran
@@ -49,7 +50,7 @@ private:
     QString cliPath_;
     DaemonPaths paths_;
     Timing timing_;
-    StopSignal stop_;
+    CancellationToken cancellation_;
     std::shared_ptr<ChildReaper> reaper_ = std::make_shared<ChildReaper>();
 };
 

@@ -34,14 +34,14 @@ QString DaemonManager::launchDaemonPlistSource(const Platform& platform, const Q
 
 void DaemonManager::installAndStartDaemon(std::function<void(bool)> completion) {
     auto work = [weak = weak_from_this(), platform = platform_, tools = tools_, timing = timing_,
-                 bundleDir = bundleDir_, paths = paths_, stop = stop_,
+                 bundleDir = bundleDir_, paths = paths_, cancellation = cancellation_,
                  completion = std::move(completion)]() mutable {
         InstallOutcome outcome;
         if (!weak.expired()) {
             enterUserInitiatedQualityOfService();
             const QString line =
                 installLine(platform, tools, launchDaemonPlistSource(platform, bundleDir, paths));
-            outcome = runInstallation(platform.authorise(line), timing, stop);
+            outcome = runInstallation(platform.authorise(line), timing, cancellation);
         }
         postToMainQueue([weak, outcome, completion = std::move(completion)] {
             if (const auto self = weak.lock()) {
@@ -55,16 +55,16 @@ void DaemonManager::installAndStartDaemon(std::function<void(bool)> completion) 
 }
 
 // Waits as long as the user takes at the system's prompt.
-DaemonManager::InstallOutcome DaemonManager::runInstallation(const CommandLine& command,
-                                                             const Timing& timing,
-                                                             const StopSignal& stop) {
+DaemonManager::InstallOutcome
+DaemonManager::runInstallation(const CommandLine& command, const Timing& timing,
+                               const CancellationToken& cancellation) {
     auto child = ChildProcess::start(command);
     if (!child.isStarted())
         return {false, u"Failed to install: "_s + qt_error_string(child.startError())};
-    if (!child.waitForEnd(QDeadlineTimer::Forever, timing.pollStep, stop))
+    if (!child.waitForEnd(QDeadlineTimer::Forever, timing.pollStep, cancellation))
         return {}; // the program is being left; nobody is there to be told
     const QDeadlineTimer readingDeadline(timing.commandTimeout);
-    const QString output = textFromUtf8(child.readOutput(readingDeadline, stop));
+    const QString output = textFromUtf8(child.readOutput(readingDeadline, cancellation));
     if (child.hasSucceeded())
         return {true, {}};
     return {false, output.isEmpty() ? u"Installation cancelled"_s : output};

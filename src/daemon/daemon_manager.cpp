@@ -53,7 +53,8 @@ DaemonManager::DaemonManager(DaemonManagerOptions options)
       bundleDir_(options.bundleDir), paths_{options.homeDir, platform_.systemSocket},
       tools_(ToolPaths::resolve(platform_, options.machine, bundleDir_, options.homeDir)),
       details_(options.settings ? std::move(options.settings) : userSettings(platform_)),
-      refresh_(timing_.profileRefreshInterval), runner_(tools_.cliPath, paths_, timing_, stop_),
+      refresh_(timing_.profileRefreshInterval),
+      runner_(tools_.cliPath, paths_, timing_, cancellation_),
       workQueue_(u"com.tarnwick.client.daemon"_s, enterBackgroundQualityOfService) {
     installPool_.setMaxThreadCount(maxOpenPrompts);
     QObject::connect(&statusTimer_, &QTimer::timeout, &statusTimer_, [this] { refreshStatus(); });
@@ -61,7 +62,7 @@ DaemonManager::DaemonManager(DaemonManagerOptions options)
 
 DaemonManager::~DaemonManager() {
     statusTimer_.stop();
-    stop_.request();
+    cancellation_.cancel();
 }
 
 DaemonState DaemonManager::state() const {

@@ -135,7 +135,7 @@ private:
     static QString launchDaemonPlistSource(const Platform& platform, const QString& bundleDir,
                                            const DaemonPaths& paths);
     static InstallOutcome runInstallation(const CommandLine& command, const Timing& timing,
-                                          const StopSignal& stop);
+                                          const CancellationToken& cancellation);
     void finishInstallation(const InstallOutcome& outcome);
     static void ensureDaemonRunning(const CommandRunner& runner, const CommandLine& nudge);
 
@@ -151,7 +151,7 @@ private:
     QTimer statusTimer_;
 
     // Last, so that they go first: no work is left when the fields above are released.
-    StopSignal stop_;
+    CancellationToken cancellation_;
     CommandRunner runner_;
     QThreadPool installPool_;
     SerialQueue workQueue_;

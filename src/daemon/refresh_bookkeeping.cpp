@@ -11,7 +11,7 @@ bool RefreshBookkeeping::begin(bool forceProfiles) {
         return false;
     }
     isRefreshing_ = true;
-    commandsBefore_ = commands_;
+    refreshGeneration_ = generation_;
     return true;
 }
 
@@ -22,7 +22,7 @@ bool RefreshBookkeeping::end() {
 
 void RefreshBookkeeping::profilesWereRead(Clock::time_point now) {
     lastProfileRefresh_ = now;
-    commandsBeforeProfiles_ = commandsBefore_;
+    profilesGeneration_ = refreshGeneration_;
 }
 
 bool RefreshBookkeeping::isProfileListOld(Clock::time_point now) const {

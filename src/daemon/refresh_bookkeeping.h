@@ -31,10 +31,10 @@ public:
     void profilesWereRead(Clock::time_point now);
 
     /// A command has been queued after which another profile may be the current one.
-    void currentProfileMayChange() { ++commands_; }
+    void currentProfileMayChange() { ++generation_; }
 
     /// Whether no such command came between the last reading of the profiles and this refresh.
-    bool profilesAreOfThisStatus() const { return commandsBeforeProfiles_ == commandsBefore_; }
+    bool profilesAreOfThisStatus() const { return profilesGeneration_ == refreshGeneration_; }
 
     /// Ends the refresh; returns whether a forced one has to follow.
     bool end();
@@ -48,9 +48,9 @@ private:
     bool pendingForceProfileRefresh_ = false;
     std::optional<Clock::time_point> lastProfileRefresh_; ///< None: in the distant past.
     std::chrono::milliseconds profileRefreshInterval_;
-    int commands_ = 0;
-    int commandsBefore_ = 0; ///< This refresh, or the last one.
-    int commandsBeforeProfiles_ = 0;
+    int generation_ = 0;
+    int refreshGeneration_ = 0; ///< This refresh, or the last one.
+    int profilesGeneration_ = 0;
 };
 
 } // namespace tarnwick

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/login_manager.h"
+#include "desktop/sleep_monitor.h"
 #include "desktop/wake_up.h"
 
 namespace tarnwick {
@@ -7,14 +7,14 @@ namespace tarnwick {
 class WakeUp::Watch {
 public:
     explicit Watch(WakeUp& wakeUp) : manager_(QDBusConnection::systemBus()) {
-        QObject::connect(&manager_, &LoginManager::PrepareForSleep, &wakeUp, [&wakeUp](bool start) {
+        QObject::connect(&manager_, &SleepMonitor::PrepareForSleep, &wakeUp, [&wakeUp](bool start) {
             if (!start)
                 Q_EMIT wakeUp.woke();
         });
     }
 
 private:
-    LoginManager manager_;
+    SleepMonitor manager_;
 };
 
 WakeUp::WakeUp() : watch_(std::make_unique<Watch>(*this)) {}

@@ -3,7 +3,7 @@
 
 #include "model/code_point_order.h"
 #include "model/json_fields.h"
-#include "model/json_slips.h"
+#include "model/strict_json.h"
 
 #include <QJsonDocument>
 
@@ -34,7 +34,7 @@ std::optional<QMap<QString, PeerInfo>> peersFromJson(const QJsonObject& json) {
 std::optional<StatusResponse> StatusResponse::decode(const QByteArray& json) {
     const QJsonObject document = QJsonDocument::fromJson(json).object();
     const QJsonValue state = document.value("BackendState"_L1);
-    if (!state.isString() || hasForgivenSlips(json))
+    if (!state.isString() || !isStrictJson(json))
         return std::nullopt;
     StatusResponse status;
     status.backendState = state.toString();

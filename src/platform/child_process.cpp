@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/child_process.h"
 
+#include "platform/cancellation_token.h"
 #include "platform/spawn_support.h"
-#include "platform/stop_signal.h"
 
 #include <array>
 #include <cerrno>
@@ -164,11 +164,11 @@ bool ChildProcess::isRunning() {
 }
 
 bool ChildProcess::waitForEnd(QDeadlineTimer deadline, std::chrono::milliseconds step,
-                              const StopSignal& stop) {
+                              const CancellationToken& cancellation) {
     while (isRunning()) {
-        if (deadline.hasExpired() || stop.isRequested())
+        if (deadline.hasExpired() || cancellation.isCancelled())
             return false;
-        stop.waitFor(step);
+        cancellation.waitFor(step);
     }
     return true;
 }
@@ -182,11 +182,12 @@ void ChildProcess::terminate() const {
         kill(pid_, SIGTERM);
 }
 
-QByteArray ChildProcess::readOutput(QDeadlineTimer deadline, const StopSignal& stop) const {
+QByteArray ChildProcess::readOutput(QDeadlineTimer deadline,
+                                    const CancellationToken& cancellation) const {
     QByteArray output;
     std::array<char, 16384> buffer;
-    std::array<pollfd, 2> waits = {{{pipe_, POLLIN, 0}, {stop.descriptor(), POLLIN, 0}}};
-    while (pipe_ >= 0 && !stop.isRequested() && output.size() < outputLimit) {
+    std::array<pollfd, 2> waits = {{{pipe_, POLLIN, 0}, {cancellation.descriptor(), POLLIN, 0}}};
+    while (pipe_ >= 0 && !cancellation.isCancelled() && output.size() < outputLimit) {
         const int ready =
             poll(waits.data(), waits.size(), static_cast<int>(deadline.remainingTime()));
         if (ready < 0 && errno == EINTR)

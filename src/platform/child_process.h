@@ -12,7 +12,7 @@
 
 namespace tarnwick {
 
-class StopSignal;
+class CancellationToken;
 
 /// Owns one child process and the read end of the pipe that its output goes to.
 ///
@@ -46,9 +46,9 @@ public:
     bool isRunning();
 
     /// Looks every `step` whether the child has ended; false when it still runs at `deadline` or
-    /// when `stop` is requested first.
+    /// when `cancellation` is requested first.
     bool waitForEnd(QDeadlineTimer deadline, std::chrono::milliseconds step,
-                    const StopSignal& stop);
+                    const CancellationToken& cancellation);
 
     /// Whether the child has ended by itself with status 0.
     bool hasSucceeded() const;
@@ -56,9 +56,10 @@ public:
     /// Asks the child to end; it may refuse or take its time.
     void terminate() const;
 
-    /// Reads the output to end of file. Returns what there was when `deadline` passes or `stop` is
-    /// requested first: a grandchild may hold the pipe open for as long as it likes.
-    QByteArray readOutput(QDeadlineTimer deadline, const StopSignal& stop) const;
+    /// Reads the output to end of file. Returns what there was when `deadline` passes or
+    /// `cancellation` is requested first: a grandchild may hold the pipe open for as long as it
+    /// likes.
+    QByteArray readOutput(QDeadlineTimer deadline, const CancellationToken& cancellation) const;
 
     /// Gives up the child: returns its id when it still has to be reaped.
     std::optional<pid_t> release();

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/computer_name.h"
 
+#include "platform/cancellation_token.h"
 #include "platform/child_process.h"
-#include "platform/stop_signal.h"
 
 #include <QDeadlineTimer>
 #include <QFile>
@@ -60,8 +60,8 @@ QString computerNameFromSystemConfiguration() {
     if (!child.isStarted())
         return {};
     const QDeadlineTimer deadline(1s);
-    const QByteArray output = child.readOutput(deadline, StopSignal());
-    child.waitForEnd(deadline, 10ms, StopSignal());
+    const QByteArray output = child.readOutput(deadline, CancellationToken());
+    child.waitForEnd(deadline, 10ms, CancellationToken());
     return QString::fromUtf8(output).trimmed();
 }
 

@@ -10,7 +10,7 @@ namespace tarnwick {
 
 namespace {
 
-constexpr auto patience = std::chrono::milliseconds(500);
+constexpr auto leavingTimeout = std::chrono::milliseconds(500);
 
 } // namespace
 
@@ -25,7 +25,7 @@ SerialQueue::SerialQueue(const QString& label, std::function<void()> prepare)
 
 SerialQueue::~SerialQueue() {
     thread_->quit();
-    if (thread_->wait(QDeadlineTimer(patience)))
+    if (thread_->wait(QDeadlineTimer(leavingTimeout)))
         return;
     // Stuck in the kernel, on a dead network file system for instance. The process is about to
     // end anyway, and destroying a running thread would abort it. Should it come back after all,

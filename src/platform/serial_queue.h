@@ -14,8 +14,8 @@ namespace tarnwick {
 /// One background thread that runs what it is given, one piece after another, in the order given.
 ///
 /// The destructor waits for the piece that is running, but not for long: pieces that block end
-/// early on a StopSignal, and one that does not is left behind rather than waited for. Pieces not
-/// yet begun may or may not run. async() may be called from any thread.
+/// early on a CancellationToken, and one that does not is left behind rather than waited for.
+/// Pieces not yet begun may or may not run. async() may be called from any thread.
 class SerialQueue {
 public:
     /// `label` names the thread; `prepare`, when given, runs first on it.

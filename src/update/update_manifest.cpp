@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "update/update_manifest.h"
 
-#include "model/json_slips.h"
+#include "model/strict_json.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 std::variant<UpdateManifest, QString> parseUpdateManifest(const QByteArray& body) {
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(body, &error);
-    if (error.error == QJsonParseError::NoError && hasForgivenSlips(body))
+    if (error.error == QJsonParseError::NoError && !isStrictJson(body))
         error.error = QJsonParseError::IllegalValue;
     if (error.error != QJsonParseError::NoError)
         return error.errorString();

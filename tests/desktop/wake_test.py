@@ -15,7 +15,7 @@ CONNECTED = ('{"BackendState": "Running", "Self": {"HostName": "box", "DNSName":
              '"TailscaleIPs": ["100.64.0.1"], "Online": true}, "Peer": {}}')
 
 
-class LoginManager:
+class SleepMonitor:
     """A stand-in for the system's log-in manager, which announces sleep and wake-up."""
 
     def __init__(self, bus_address):
@@ -59,10 +59,10 @@ class Stub(unittest.TestCase):
 class WakeUp(Stub):
     def check(self, start_manager_first):
         address = self.desktop.environment["DBUS_SYSTEM_BUS_ADDRESS"]
-        manager = LoginManager(address) if start_manager_first else None
+        manager = SleepMonitor(address) if start_manager_first else None
         client = self.desktop.start_client(program=self.program)
         self.desktop.wait_for_icon(client)
-        manager = manager or LoginManager(address)
+        manager = manager or SleepMonitor(address)
         self.addCleanup(manager.close)
         # Just after a poll, the next is almost five seconds away.
         self.wait_for_next_status()

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/shell.h"
 
+#include "platform/cancellation_token.h"
 #include "platform/child_process.h"
-#include "platform/stop_signal.h"
 
 #include <QDir>
 #include <QFile>
@@ -39,8 +39,8 @@ CommandLine shell(const char* script) {
 QByteArray outputOf(const CommandLine& command) {
     const QDeadlineTimer deadline(20s);
     auto child = ChildProcess::start(command);
-    const QByteArray output = child.readOutput(deadline, StopSignal());
-    child.waitForEnd(deadline, 2ms, StopSignal());
+    const QByteArray output = child.readOutput(deadline, CancellationToken());
+    child.waitForEnd(deadline, 2ms, CancellationToken());
     return output;
 }
 

@@ -42,7 +42,7 @@ MenuBarView::MenuBarView(std::shared_ptr<DaemonManager> daemon, PanelCalls calls
     QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, this,
                      &MenuBarView::scheduleActivationReview);
     QObject::connect(column_, &PanelColumn::called, this,
-                     [this](const PanelCall& call) { calls_.perform(call); });
+                     [this](const PanelCommand& call) { calls_.perform(call); });
 }
 
 MenuBarView::~MenuBarView() = default;

@@ -13,23 +13,23 @@ void callIfSet(const Function& function, const Arguments&... arguments) {
 
 } // namespace
 
-void PanelCalls::perform(const PanelCall& call) const {
+void PanelCalls::perform(const PanelCommand& call) const {
     switch (call.kind) {
-    case PanelCall::Kind::SwitchProfile:
+    case PanelCommand::Kind::SwitchProfile:
         return callIfSet(switchProfile, call.profileId);
-    case PanelCall::Kind::RemoveProfile:
+    case PanelCommand::Kind::RemoveProfile:
         return callIfSet(removeProfile, call.profileId);
-    case PanelCall::Kind::Disconnect:
+    case PanelCommand::Kind::Disconnect:
         return callIfSet(disconnect);
-    case PanelCall::Kind::ShowAuthKeyWindow:
+    case PanelCommand::Kind::ShowAuthKeyWindow:
         return callIfSet(showAuthKeyWindow);
-    case PanelCall::Kind::Refresh:
+    case PanelCommand::Kind::Refresh:
         return callIfSet(refresh);
-    case PanelCall::Kind::CheckForUpdates:
+    case PanelCommand::Kind::CheckForUpdates:
         return callIfSet(checkForUpdates);
-    case PanelCall::Kind::OpenWebsite:
+    case PanelCommand::Kind::OpenWebsite:
         return callIfSet(openWebsite);
-    case PanelCall::Kind::Quit:
+    case PanelCommand::Kind::Quit:
         return callIfSet(quit);
     }
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/panel/panel_call.h"
+#include "ui/panel/panel_command.h"
 
 #include <QString>
 
@@ -21,7 +21,7 @@ struct PanelCalls {
     std::function<void()> openWebsite;
     std::function<void()> quit;
 
-    void perform(const PanelCall& call) const;
+    void perform(const PanelCommand& call) const;
 };
 
 } // namespace tarnwick

@@ -4,7 +4,7 @@
 #include "ui/controls/column_items.h"
 #include "ui/controls/divider.h"
 #include "ui/controls/reading_order.h"
-#include "ui/panel/action_block.h"
+#include "ui/panel/actions_view.h"
 #include "ui/panel/devices_submenu.h"
 #include "ui/panel/error_view.h"
 #include "ui/panel/header_view.h"
@@ -45,8 +45,8 @@ template <typename View, typename Content>
 void PanelColumn::showView(QWidget*& view, const Content& content) {
     if (view == nullptr) {
         view = new View(this);
-        if constexpr (std::is_same_v<View, ActionBlock>)
-            QObject::connect(static_cast<View*>(view), &ActionBlock::called, this,
+        if constexpr (std::is_same_v<View, ActionsView>)
+            QObject::connect(static_cast<View*>(view), &ActionsView::called, this,
                              &PanelColumn::called);
     }
     static_cast<View*>(view)->setContent(content);
@@ -65,7 +65,7 @@ void PanelColumn::showSection(const PanelContent::Section& section) {
     else if (const auto* error = std::get_if<PanelContent::Error>(&section))
         showView<ErrorView>(view, *error);
     else if (const auto* actions = std::get_if<PanelContent::Actions>(&section))
-        showView<ActionBlock>(view, *actions);
+        showView<ActionsView>(view, *actions);
 }
 
 void PanelColumn::addDivider(qsizetype number) {

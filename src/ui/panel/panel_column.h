@@ -24,7 +24,7 @@ public:
     int contentHeight(int width) const;
 
 Q_SIGNALS:
-    void called(const PanelCall& call);
+    void called(const PanelCommand& call);
 
 private:
     template <typename View, typename Content>

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Kind = PanelCall::Kind;
+using Kind = PanelCommand::Kind;
 
 ThemeColor themeColorOf(HeaderColor color) {
     switch (color) {
@@ -100,7 +100,7 @@ QList<PanelContent::Profile> PanelContent::profileLines(const QList<NetworkProfi
                      {Kind::SwitchProfile, profile.id},
                      {}};
         if (!line.isSelected)
-            line.remove = PanelCall{Kind::RemoveProfile, profile.id};
+            line.remove = PanelCommand{Kind::RemoveProfile, profile.id};
         lines.append(line);
     }
     return lines;

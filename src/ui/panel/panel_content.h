@@ -2,7 +2,7 @@
 #pragma once
 
 #include "daemon/daemon_state.h"
-#include "ui/panel/panel_call.h"
+#include "ui/panel/panel_command.h"
 #include "ui/style/colors.h"
 #include "ui/style/text_style.h"
 
@@ -68,8 +68,8 @@ struct PanelContent {
         QString subtitle;
         TextDesign subtitleDesign = TextDesign::Standard;
         bool isSelected = false;
-        PanelCall pick;
-        std::optional<PanelCall> remove; ///< None: the profile cannot be removed here.
+        PanelCommand pick;
+        std::optional<PanelCommand> remove; ///< None: the profile cannot be removed here.
 
         bool operator==(const Profile&) const = default;
     };
@@ -86,7 +86,7 @@ struct PanelContent {
     struct Button {
         QString title;
         QString symbol;
-        PanelCall call;
+        PanelCommand call;
 
         bool operator==(const Button&) const = default;
     };

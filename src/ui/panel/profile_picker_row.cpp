@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/panel/profile_picker_row.h"
 
-#include "ui/panel/profile_line.h"
+#include "ui/panel/profile_row.h"
 #include "ui/style/row_geometry.h"
 
 #include <QPainter>
@@ -48,14 +48,14 @@ void ProfilePickerRow::updateList(PopoverList& list) {
 }
 
 QWidget* ProfilePickerRow::provideLine(QWidget* row, qsizetype index) {
-    auto* line = static_cast<ProfileLine*>(row);
+    auto* line = static_cast<ProfileRow*>(row);
     if (line == nullptr) {
-        line = new ProfileLine;
-        QObject::connect(line, &ProfileLine::picked, this, [this](const PanelCall& call) {
+        line = new ProfileRow;
+        QObject::connect(line, &ProfileRow::picked, this, [this](const PanelCommand& call) {
             setPopoverPresented(false);
             Q_EMIT picked(call);
         });
-        QObject::connect(line, &ProfileLine::removed, this, [this](const PanelCall& call) {
+        QObject::connect(line, &ProfileRow::removed, this, [this](const PanelCommand& call) {
             setPopoverPresented(false);
             Q_EMIT removed(call);
         });

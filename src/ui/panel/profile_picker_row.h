@@ -21,9 +21,9 @@ public:
 
 Q_SIGNALS:
     /// A profile was picked; the popover is closed by then.
-    void picked(const PanelCall& call);
+    void picked(const PanelCommand& call);
     /// A profile is to be removed; the popover is closed by then.
-    void removed(const PanelCall& call);
+    void removed(const PanelCommand& call);
 
 protected:
     void paintRow(QPainter& painter) override;

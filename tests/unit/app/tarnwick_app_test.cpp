@@ -22,7 +22,7 @@ protected:
     /// What a second launch asks of this one.
     void requestPanel() {
         auto asked = std::async(std::launch::async, [this] {
-            return LaunchChannel::askToShow(socket_, {}, std::chrono::seconds(10));
+            return SingleInstanceChannel::askToShow(socket_, {}, std::chrono::seconds(10));
         });
         waitUntil(
             [&] { return asked.wait_for(std::chrono::seconds(0)) == std::future_status::ready; });

@@ -26,7 +26,7 @@ protected:
         timing_.pollStep = 2ms;
     }
 
-    CommandRunner runner() const { return {tool_.path(), paths_, timing_, stop_}; }
+    CommandRunner runner() const { return {tool_.path(), paths_, timing_, cancellation_}; }
 
     QString outputOf(const QByteArray& script) {
         tool_.setScript(script);
@@ -37,7 +37,7 @@ protected:
     DaemonPaths paths_{home_.path(), home_.filePath(u"system.sock"_s)};
     test::StubTool tool_;
     Timing timing_;
-    StopSignal stop_;
+    CancellationToken cancellation_;
 };
 
 const auto timedOut = u"error: connection timed out"_s;
@@ -128,9 +128,9 @@ TEST_F(CommandRunnerTest, TextOfAToolThatFailsOrIsKilledIsReturned) {
 TEST_F(CommandRunnerTest, ToolThatCannotBeStartedYieldsTheSystemsReason) {
     if (test::runsUnderValgrind())
         GTEST_SKIP() << "valgrind hides why a program does not start";
-    const CommandRunner missing(u"/nonexistent/tool"_s, paths_, timing_, stop_);
+    const CommandRunner missing(u"/nonexistent/tool"_s, paths_, timing_, cancellation_);
     EXPECT_EQ(missing.runCLI({}), u"error: No such file or directory"_s);
-    const CommandRunner directory(home_.path(), paths_, timing_, stop_);
+    const CommandRunner directory(home_.path(), paths_, timing_, cancellation_);
     EXPECT_EQ(directory.runCLI({}), u"error: Permission denied"_s);
     EXPECT_TRUE(hasCommandError(missing.runCLI({})));
 }
@@ -163,7 +163,7 @@ TEST_F(CommandRunnerTest, ToolReplacedBetweenAndDuringRunsIsNoticed) {
 }
 
 TEST_F(CommandRunnerTest, OnceStoppedNothingIsStarted) {
-    stop_.request();
+    cancellation_.cancel();
     EXPECT_EQ(runner().runCLI({u"up"_s}), timedOut);
     runner().runSilently({tool_.path(), {}}, 40s);
     runner().pause(1h);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "private_root.h"
 
+#include "platform/cancellation_token.h"
 #include "platform/child_process.h"
-#include "platform/stop_signal.h"
 
 #include <QDir>
 
@@ -37,7 +37,7 @@ exec proot -0 -r "$1" -b /usr -b "$2" -w / /bin/sh -c "umask 022; PATH=/stand-in
 bool succeeds(const CommandLine& command) {
     auto child = ChildProcess::start(command, ChildProcess::Output::Discarded);
     using namespace std::chrono_literals;
-    return child.waitForEnd(QDeadlineTimer(20s), 5ms, StopSignal()) && child.hasSucceeded();
+    return child.waitForEnd(QDeadlineTimer(20s), 5ms, CancellationToken()) && child.hasSucceeded();
 }
 
 QStringList unshareArguments() {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "platform/cancellation_token.h"
 #include "platform/child_process.h"
-#include "platform/stop_signal.h"
 #include "support/printing.h"
 #include "support/shell.h"
 
@@ -45,8 +45,8 @@ TEST(ChildProcessDescriptors, SilentChildWritesToTheNullDevice) {
         auto started = ChildProcess::start(
             shell("[ /dev/stdout -ef /dev/null ] && [ /dev/stderr -ef /dev/null ]"),
             ChildProcess::Output::Discarded);
-        EXPECT_TRUE(
-            started.waitForEnd(QDeadlineTimer(20'000), std::chrono::milliseconds(5), StopSignal()));
+        EXPECT_TRUE(started.waitForEnd(QDeadlineTimer(20'000), std::chrono::milliseconds(5),
+                                       CancellationToken()));
         return started;
     }();
     EXPECT_TRUE(child.hasSucceeded());

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "platform/cancellation_token.h"
 #include "platform/child_process.h"
 #include "platform/child_reaper.h"
-#include "platform/stop_signal.h"
 #include "support/printing.h"
 #include "support/shell.h"
 #include "support/waiting.h"
@@ -87,7 +87,7 @@ TEST(ChildProcess, StartFailuresAreReported) {
 TEST(ChildProcess, EndedChildTellsWhetherItSucceeded) {
     const auto succeeded = [](const char* script) {
         auto child = ChildProcess::start(shell(script));
-        EXPECT_TRUE(child.waitForEnd(QDeadlineTimer(20s), 5ms, StopSignal()));
+        EXPECT_TRUE(child.waitForEnd(QDeadlineTimer(20s), 5ms, CancellationToken()));
         return child.hasSucceeded();
     };
     EXPECT_TRUE(succeeded("exit 0"));
@@ -127,39 +127,40 @@ TEST(ChildProcess, TerminateIsAPoliteSignal) {
     ASSERT_TRUE(child.isRunning());
     QByteArray output;
     ASSERT_TRUE(test::waitUntil([&] {
-        output += child.readOutput(QDeadlineTimer(1ms), StopSignal());
+        output += child.readOutput(QDeadlineTimer(1ms), CancellationToken());
         return output.contains("ready");
     }));
     child.terminate();
-    ASSERT_TRUE(child.waitForEnd(QDeadlineTimer(20s), 5ms, StopSignal()));
-    EXPECT_EQ(output + child.readOutput(QDeadlineTimer(20s), StopSignal()), "ready\nasked\n");
+    ASSERT_TRUE(child.waitForEnd(QDeadlineTimer(20s), 5ms, CancellationToken()));
+    EXPECT_EQ(output + child.readOutput(QDeadlineTimer(20s), CancellationToken()),
+              "ready\nasked\n");
 }
 
 TEST(ChildProcess, ReadingEndsAtTheDeadlineThoughAGrandchildHoldsThePipe) {
     auto child = ChildProcess::start(shell("echo text; sleep 300 & echo $!; exit 0"));
-    ASSERT_TRUE(child.waitForEnd(QDeadlineTimer(20s), 5ms, StopSignal()));
-    const auto lines = child.readOutput(QDeadlineTimer(50ms), StopSignal()).split('\n');
+    ASSERT_TRUE(child.waitForEnd(QDeadlineTimer(20s), 5ms, CancellationToken()));
+    const auto lines = child.readOutput(QDeadlineTimer(50ms), CancellationToken()).split('\n');
     ASSERT_EQ(lines.size(), 3);
     EXPECT_EQ(lines[0], "text");
     ASSERT_EQ(kill(lines[1].toInt(), SIGKILL), 0) << "it was still there";
 }
 
 TEST(ChildProcess, StopEndsWaitingAndReadingAtOnce) {
-    const StopSignal stop;
+    const CancellationToken cancellation;
     auto child = ChildProcess::start(shell("exec sleep 300"));
-    stop.request();
-    EXPECT_FALSE(child.waitForEnd(QDeadlineTimer::Forever, 1h, stop));
-    EXPECT_EQ(child.readOutput(QDeadlineTimer::Forever, stop), "");
+    cancellation.cancel();
+    EXPECT_FALSE(child.waitForEnd(QDeadlineTimer::Forever, 1h, cancellation));
+    EXPECT_EQ(child.readOutput(QDeadlineTimer::Forever, cancellation), "");
     child.terminate();
-    EXPECT_TRUE(child.waitForEnd(QDeadlineTimer(20s), 5ms, StopSignal()));
+    EXPECT_TRUE(child.waitForEnd(QDeadlineTimer(20s), 5ms, CancellationToken()));
 }
 
 TEST(ChildProcess, MovedFromOwnsNothing) {
     auto first = ChildProcess::start(shell("echo x"));
     auto second = std::move(first);
     EXPECT_FALSE(first.isRunning()); // NOLINT(bugprone-use-after-move): that is what is tested
-    EXPECT_TRUE(second.waitForEnd(QDeadlineTimer(20s), 5ms, StopSignal()));
-    EXPECT_EQ(second.readOutput(QDeadlineTimer(20s), StopSignal()), "x\n");
+    EXPECT_TRUE(second.waitForEnd(QDeadlineTimer(20s), 5ms, CancellationToken()));
+    EXPECT_EQ(second.readOutput(QDeadlineTimer(20s), CancellationToken()), "x\n");
     EXPECT_FALSE(second.release()) << "it has been reaped already";
 }
 

@@ -10,7 +10,7 @@ namespace tarnwick {
 namespace {
 
 using namespace Qt::StringLiterals;
-using Kind = PanelCall::Kind;
+using Kind = PanelCommand::Kind;
 
 constexpr Kind allKinds[] = {Kind::SwitchProfile,     Kind::RemoveProfile, Kind::Disconnect,
                              Kind::ShowAuthKeyWindow, Kind::Refresh,       Kind::CheckForUpdates,

@@ -9,7 +9,7 @@ namespace tarnwick {
 namespace {
 
 using namespace Qt::StringLiterals;
-using Kind = PanelCall::Kind;
+using Kind = PanelCommand::Kind;
 using test::connectedState;
 using test::device;
 using test::profile;
@@ -62,8 +62,8 @@ TEST(PanelContent, SwitchNetworkListsTheTwoOtherProfilesNeitherMarked) {
     EXPECT_EQ(lines[1].key, "c"_L1);
     EXPECT_FALSE(lines[0].isSelected);
     EXPECT_FALSE(lines[1].isSelected);
-    EXPECT_EQ(lines[1].pick, (PanelCall{Kind::SwitchProfile, u"c"_s}));
-    EXPECT_EQ(lines[1].remove, (PanelCall{Kind::RemoveProfile, u"c"_s}));
+    EXPECT_EQ(lines[1].pick, (PanelCommand{Kind::SwitchProfile, u"c"_s}));
+    EXPECT_EQ(lines[1].remove, (PanelCommand{Kind::RemoveProfile, u"c"_s}));
 }
 
 TEST(PanelContent, NeedsLoginWithTwoProfilesOffersOnlyTheAuthKey) {

@@ -9,8 +9,8 @@
 #include "ui/panel/devices_submenu.h"
 #include "ui/panel/menu_bar_view.h"
 #include "ui/panel/menu_button.h"
-#include "ui/panel/profile_line.h"
 #include "ui/panel/profile_picker_row.h"
+#include "ui/panel/profile_row.h"
 
 #include <QApplication>
 #include <QTest>
@@ -64,8 +64,8 @@ protected:
 
     static void click(QWidget* widget) { QTest::mouseClick(widget, Qt::LeftButton); }
 
-    static ProfileLine* line(const ProfilePickerRow& picker, qsizetype index) {
-        return static_cast<ProfileLine*>(picker.list()->rows().row(index));
+    static ProfileRow* line(const ProfilePickerRow& picker, qsizetype index) {
+        return static_cast<ProfileRow*>(picker.list()->rows().row(index));
     }
 
     static DeviceRow* deviceRow(const DevicesSubmenu& entry, qsizetype index) {

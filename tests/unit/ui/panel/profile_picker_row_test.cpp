@@ -35,11 +35,11 @@ TEST_F(ProfilePickerRowTest, ShowsNameAndMonospacedAddressElseAccountAndNetwork)
     known.hostname = u"laptop"_s;
     known.ipAddress = u"100.64.0.9"_s;
     auto* picker = openPicker({known, profile(u"b"_s)});
-    const PickButton& first = *line(*picker, 0)->pickButton();
+    const ProfileButton& first = *line(*picker, 0)->pickButton();
     EXPECT_EQ(first.title().text(), "laptop"_L1);
     EXPECT_EQ(first.subtitle().text(), "100.64.0.9"_L1);
     EXPECT_TRUE(QFontInfo(first.subtitle().font()).fixedPitch());
-    const PickButton& second = *line(*picker, 1)->pickButton();
+    const ProfileButton& second = *line(*picker, 1)->pickButton();
     EXPECT_EQ(second.title().text(), "user-b"_L1);
     EXPECT_EQ(second.subtitle().text(), "net-b"_L1);
     EXPECT_FALSE(QFontInfo(second.subtitle().font()).fixedPitch());
@@ -60,7 +60,7 @@ TEST_F(ProfilePickerRowTest, AShownSelectionMarksTheCurrentOneWhichCannotBeRemov
     picker.resize(300, picker.sizeHint().height());
     picker.show();
     picker.setPopoverPresented(true);
-    const PickButton& current = *line(picker, 0)->pickButton();
+    const ProfileButton& current = *line(picker, 0)->pickButton();
     EXPECT_EQ(current.markSymbol(), "checkmark.circle.fill"_L1);
     EXPECT_EQ(current.markColor(), ThemeColor::Green);
     EXPECT_FALSE(line(picker, 0)->removeButton()->isVisible());
@@ -127,7 +127,7 @@ TEST_F(ProfilePickerRowTest, RowsArePaddedBySixAndTheDevicesEntryByEight) {
 
 TEST_F(ProfilePickerRowTest, LinesKeepTheirGrid) {
     auto* picker = openPicker(profiles(2));
-    const ProfileLine& first = *line(*picker, 0);
+    const ProfileRow& first = *line(*picker, 0);
     EXPECT_EQ(placeIn(first.pickButton()->title(), first).left(), 12 + 16 + 8);
     EXPECT_EQ(first.removeButton()->geometry().right(), 260 - 12 - 1);
     EXPECT_EQ(line(*picker, 1)->y(), first.height() + 2);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/panel/pick_button.h"
+#include "ui/panel/profile_button.h"
 
 #include "ui/style/row_painting.h"
 #include "ui/style/symbol.h"
@@ -16,7 +16,7 @@ constexpr int markGap = 8;
 
 } // namespace
 
-PickButton::PickButton(QWidget* parent)
+ProfileButton::ProfileButton(QWidget* parent)
     : RowButton(parent),
       title_(new ElidedLabel({TextStyle::Caption, TextWeight::Medium}, ThemeColor::Label, this)),
       subtitle_(new ElidedLabel({TextStyle::Caption2}, ThemeColor::Secondary, this)) {
@@ -24,7 +24,7 @@ PickButton::PickButton(QWidget* parent)
         label->setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
-void PickButton::setProfile(const PanelContent::Profile& profile) {
+void ProfileButton::setProfile(const PanelContent::Profile& profile) {
     markSymbol_ = profile.isSelected ? u"checkmark.circle.fill"_s : u"circle"_s;
     markColor_ = profile.isSelected ? ThemeColor::Green : ThemeColor::Secondary;
     title_->setContent(profile.title);
@@ -35,12 +35,12 @@ void PickButton::setProfile(const PanelContent::Profile& profile) {
     update();
 }
 
-void PickButton::setReservedWidth(int width) {
+void ProfileButton::setReservedWidth(int width) {
     reservedWidth_ = width;
     placeTexts();
 }
 
-QString PickButton::tooltipText() const {
+QString ProfileButton::tooltipText() const {
     const auto isCut = [](const ElidedLabel& label) {
         return label.sizeHint().width() > label.width() ||
                label.text().size() < label.content().size();
@@ -50,7 +50,7 @@ QString PickButton::tooltipText() const {
     return title_->content() + u'\n' + subtitle_->content();
 }
 
-void PickButton::placeTexts() {
+void ProfileButton::placeTexts() {
     const int left = horizontalPadding + symbolColumnWidth() + markGap;
     const int textWidth = width() - left - horizontalPadding - reservedWidth_;
     const int titleHeight = title_->sizeHint().height();
@@ -61,12 +61,12 @@ void PickButton::placeTexts() {
         mirrored({left, top + titleHeight + lineGap, textWidth, subtitleHeight}));
 }
 
-void PickButton::resizeEvent(QResizeEvent* event) {
+void ProfileButton::resizeEvent(QResizeEvent* event) {
     RowButton::resizeEvent(event);
     placeTexts();
 }
 
-void PickButton::paintRow(QPainter& painter) {
+void ProfileButton::paintRow(QPainter& painter) {
     const QRect mark(horizontalPadding, 0, symbolColumnWidth(), height());
     paintSymbol(painter, mirrored(mark), markSymbol_, symbolSize(TextStyle::Body),
                 themeColor(markColor_, palette()));

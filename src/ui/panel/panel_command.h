@@ -6,7 +6,7 @@
 namespace tarnwick {
 
 /// What a control of the panel calls, as a value.
-struct PanelCall {
+struct PanelCommand {
     enum class Kind {
         SwitchProfile,
         RemoveProfile,
@@ -21,7 +21,7 @@ struct PanelCall {
     Kind kind = Kind::Refresh;
     QString profileId = {}; ///< Of the profile to switch to or to remove.
 
-    bool operator==(const PanelCall&) const = default;
+    bool operator==(const PanelCommand&) const = default;
 };
 
 } // namespace tarnwick

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/stop_signal.h"
+#include "platform/cancellation_token.h"
 
 #include "platform/spawn_support.h"
 
@@ -12,7 +12,7 @@
 
 namespace tarnwick {
 
-class StopSignal::Pipe {
+class CancellationToken::Pipe {
 public:
     Pipe() { makePipe(ends_); }
 
@@ -32,7 +32,7 @@ public:
         }
     }
 
-    bool isRequested() const { return isRequested_; }
+    bool isCancelled() const { return isRequested_; }
 
     int readEnd() const { return ends_[0]; }
 
@@ -41,26 +41,26 @@ private:
     int ends_[2] = {-1, -1};
 };
 
-StopSignal::StopSignal() : pipe_(std::make_shared<Pipe>()) {}
+CancellationToken::CancellationToken() : pipe_(std::make_shared<Pipe>()) {}
 
-void StopSignal::request() const {
+void CancellationToken::cancel() const {
     pipe_->request();
 }
 
-bool StopSignal::isRequested() const {
-    return pipe_->isRequested();
+bool CancellationToken::isCancelled() const {
+    return pipe_->isCancelled();
 }
 
-bool StopSignal::waitFor(std::chrono::milliseconds duration) const {
+bool CancellationToken::waitFor(std::chrono::milliseconds duration) const {
     const QDeadlineTimer deadline(duration);
     pollfd stop = {descriptor(), POLLIN, 0}; // poll() ignores a negative descriptor
     do {
         poll(&stop, 1, static_cast<int>(deadline.remainingTime()));
-    } while (!isRequested() && !deadline.hasExpired());
-    return isRequested();
+    } while (!isCancelled() && !deadline.hasExpired());
+    return isCancelled();
 }
 
-int StopSignal::descriptor() const {
+int CancellationToken::descriptor() const {
     return pipe_->readEnd();
 }
 

@@ -10,17 +10,17 @@
 namespace tarnwick {
 
 /// The rows at the bottom of the panel that do something.
-class ActionBlock : public QWidget {
+class ActionsView : public QWidget {
     Q_OBJECT
 
 public:
-    explicit ActionBlock(QWidget* parent);
+    explicit ActionsView(QWidget* parent);
 
     /// Rows live on from one content to the next where they do the same.
     void setContent(const PanelContent::Actions& content);
 
 Q_SIGNALS:
-    void called(const PanelCall& call);
+    void called(const PanelCommand& call);
 
 private:
     QWidget* rowFor(const PanelContent::Action& action, QWidget* row);

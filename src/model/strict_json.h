@@ -5,9 +5,9 @@
 
 namespace tarnwick {
 
-/// Whether `json`, which QJsonDocument has accepted, holds what JSON forbids and Qt forgives: bare
+/// Whether `json`, which QJsonDocument has accepted, is JSON by the letter too. Qt lets pass bare
 /// control characters and unknown escapes in texts, and numbers without a digit on both sides of
-/// their point. Such a document was damaged on its way.
-bool hasForgivenSlips(QByteArrayView json);
+/// their point: a document that holds one was damaged on its way.
+bool isStrictJson(QByteArrayView json);
 
 } // namespace tarnwick

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/launch_channel.h"
+#include "desktop/single_instance_channel.h"
 #include "support/waiting.h"
 
 #include <QFile>
@@ -18,12 +18,12 @@ namespace {
 
 constexpr std::chrono::seconds patience{10};
 
-class LaunchChannelTest : public testing::Test {
+class SingleInstanceChannelTest : public testing::Test {
 protected:
     /// Asks as a second launch does, while this thread runs the first one's event loop.
     bool ask(const QByteArray& token = {}) {
         auto asked = std::async(std::launch::async, [this, token] {
-            return LaunchChannel::askToShow(path_, token, patience);
+            return SingleInstanceChannel::askToShow(path_, token, patience);
         });
         waitUntil(
             [&] { return asked.wait_for(std::chrono::seconds(0)) == std::future_status::ready; });
@@ -31,27 +31,27 @@ protected:
     }
 
     void listen() {
-        channel_ = std::make_unique<LaunchChannel>(path_);
-        QObject::connect(channel_.get(), &LaunchChannel::showRequested, channel_.get(),
+        channel_ = std::make_unique<SingleInstanceChannel>(path_);
+        QObject::connect(channel_.get(), &SingleInstanceChannel::showRequested, channel_.get(),
                          [this](const QByteArray& token) { tokens_.append(token); });
     }
 
     QTemporaryDir dir_;
     QString path_ = dir_.filePath(u"socket"_s);
-    std::unique_ptr<LaunchChannel> channel_;
+    std::unique_ptr<SingleInstanceChannel> channel_;
     QList<QByteArray> tokens_;
 };
 
 } // namespace
 
-TEST_F(LaunchChannelTest, ASecondLaunchIsHeard) {
+TEST_F(SingleInstanceChannelTest, ASecondLaunchIsHeard) {
     listen();
     EXPECT_TRUE(ask());
     EXPECT_TRUE(ask("token-1"));
     EXPECT_EQ(tokens_, QList<QByteArray>({QByteArray(), QByteArray("token-1")}));
 }
 
-TEST_F(LaunchChannelTest, ASocketLeftByACrashIsReplaced) {
+TEST_F(SingleInstanceChannelTest, ASocketLeftByACrashIsReplaced) {
     QFile stale(path_);
     ASSERT_TRUE(stale.open(QIODevice::WriteOnly));
     stale.close();
@@ -59,11 +59,11 @@ TEST_F(LaunchChannelTest, ASocketLeftByACrashIsReplaced) {
     EXPECT_TRUE(ask());
 }
 
-TEST_F(LaunchChannelTest, NobodyListeningIsAFailureAfterAWhile) {
-    EXPECT_FALSE(LaunchChannel::askToShow(path_, {}, std::chrono::milliseconds(120)));
+TEST_F(SingleInstanceChannelTest, NobodyListeningIsAFailureAfterAWhile) {
+    EXPECT_FALSE(SingleInstanceChannel::askToShow(path_, {}, std::chrono::milliseconds(120)));
 }
 
-TEST_F(LaunchChannelTest, StrangeRequestsAreHungUpOn) {
+TEST_F(SingleInstanceChannelTest, StrangeRequestsAreHungUpOn) {
     listen();
     for (const QByteArray& request : {QByteArray("hide\n"), QByteArray(2000, 'x')}) {
         const auto stranger = LocalSocket::connectedTo(path_);
@@ -74,14 +74,14 @@ TEST_F(LaunchChannelTest, StrangeRequestsAreHungUpOn) {
     EXPECT_TRUE(ask());
 }
 
-TEST_F(LaunchChannelTest, RequestThatBreaksOffIsNone) {
+TEST_F(SingleInstanceChannelTest, RequestThatBreaksOffIsNone) {
     listen();
     LocalSocket::connectedTo(path_).write("show");
     EXPECT_TRUE(ask("after"));
     EXPECT_EQ(tokens_, QList<QByteArray>({"after"}));
 }
 
-TEST_F(LaunchChannelTest, RequestMayArriveInPieces) {
+TEST_F(SingleInstanceChannelTest, RequestMayArriveInPieces) {
     listen();
     const auto caller = LocalSocket::connectedTo(path_);
     ASSERT_TRUE(caller.write("show to"));
@@ -91,14 +91,14 @@ TEST_F(LaunchChannelTest, RequestMayArriveInPieces) {
     EXPECT_EQ(tokens_.constLast(), "token");
 }
 
-TEST_F(LaunchChannelTest, CallerThatDoesNotWaitForTheAnswerHarmsNobody) {
+TEST_F(SingleInstanceChannelTest, CallerThatDoesNotWaitForTheAnswerHarmsNobody) {
     listen();
     LocalSocket::connectedTo(path_).write("show gone\n");
     EXPECT_TRUE(waitUntil([&] { return tokens_.size() == 1; }));
     EXPECT_TRUE(ask());
 }
 
-TEST_F(LaunchChannelTest, ASilentCallerHoldsUpNobody) {
+TEST_F(SingleInstanceChannelTest, ASilentCallerHoldsUpNobody) {
     listen();
     const auto silent = LocalSocket::connectedTo(path_);
     ASSERT_TRUE(silent.isOpen());
@@ -106,19 +106,19 @@ TEST_F(LaunchChannelTest, ASilentCallerHoldsUpNobody) {
     EXPECT_EQ(tokens_.size(), 1);
 }
 
-TEST_F(LaunchChannelTest, NoSocketIsLeftBehind) {
+TEST_F(SingleInstanceChannelTest, NoSocketIsLeftBehind) {
     listen();
     channel_.reset();
     EXPECT_FALSE(QFile::exists(path_));
 }
 
-TEST_F(LaunchChannelTest, PathThatIsTooLongIsListenedAtByNobody) {
+TEST_F(SingleInstanceChannelTest, PathThatIsTooLongIsListenedAtByNobody) {
     path_ = dir_.filePath(QString(200, u'x'));
     listen();
-    EXPECT_FALSE(LaunchChannel::askToShow(path_, {}, std::chrono::milliseconds(120)));
+    EXPECT_FALSE(SingleInstanceChannel::askToShow(path_, {}, std::chrono::milliseconds(120)));
 }
 
-TEST_F(LaunchChannelTest, OnlyItsUserCanConnect) {
+TEST_F(SingleInstanceChannelTest, OnlyItsUserCanConnect) {
     listen();
     EXPECT_EQ(QFile::permissions(path_) &
                   (QFile::ReadGroup | QFile::ReadOther | QFile::WriteGroup | QFile::WriteOther),

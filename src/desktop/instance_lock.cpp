@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/session_lock.h"
+#include "desktop/instance_lock.h"
 
 #include <QFile>
 
@@ -10,7 +10,7 @@
 
 namespace tarnwick {
 
-SessionLock::SessionLock(const QString& path)
+InstanceLock::InstanceLock(const QString& path)
     : descriptor_(open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600)) {
     if (descriptor_ < 0)
         return;
@@ -22,7 +22,7 @@ SessionLock::SessionLock(const QString& path)
 
 // The file stays: were it removed, a third process could lock a new one beside a second that has
 // just opened the old one.
-SessionLock::~SessionLock() {
+InstanceLock::~InstanceLock() {
     if (descriptor_ >= 0)
         close(descriptor_);
 }

@@ -8,14 +8,14 @@
 namespace tarnwick {
 
 /// Picks a profile: a mark that says whether it is the selected one, and two lines of text.
-class PickButton : public RowButton {
+class ProfileButton : public RowButton {
     Q_OBJECT
 
 public:
     static constexpr int horizontalPadding = 12;
     static constexpr int lineGap = 1; ///< Between its two lines of text.
 
-    explicit PickButton(QWidget* parent);
+    explicit ProfileButton(QWidget* parent);
 
     void setProfile(const PanelContent::Profile& profile);
 

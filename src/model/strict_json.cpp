@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "model/json_slips.h"
+#include "model/strict_json.h"
 
 namespace tarnwick {
 
@@ -30,17 +30,17 @@ bool isPointBetweenDigits(QByteArrayView json, qsizetype point) {
 
 } // namespace
 
-bool hasForgivenSlips(QByteArrayView json) {
+bool isStrictJson(QByteArrayView json) {
     for (qsizetype i = 0; i < json.size(); ++i) {
         if (json[i] == '"') {
             i = endOfText(json, i);
             if (i < 0)
-                return true;
+                return false;
         } else if (json[i] == '.' && !isPointBetweenDigits(json, i)) {
-            return true;
+            return false;
         }
     }
-    return false;
+    return true;
 }
 
 } // namespace tarnwick

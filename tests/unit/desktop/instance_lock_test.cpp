@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/session_lock.h"
+#include "desktop/instance_lock.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -11,36 +11,36 @@
 namespace tarnwick {
 
 using namespace Qt::StringLiterals;
-using State = SessionLock::State;
+using State = InstanceLock::State;
 
-TEST(SessionLock, IsHeldByOneAtATime) {
+TEST(InstanceLock, IsHeldByOneAtATime) {
     const QTemporaryDir dir;
     const QString path = dir.filePath(u"lock"_s);
-    auto first = std::make_unique<SessionLock>(path);
+    auto first = std::make_unique<InstanceLock>(path);
     EXPECT_EQ(first->state(), State::Held);
-    EXPECT_EQ(SessionLock(path).state(), State::HeldByOther);
+    EXPECT_EQ(InstanceLock(path).state(), State::HeldByOther);
     first.reset();
-    EXPECT_EQ(SessionLock(path).state(), State::Held);
+    EXPECT_EQ(InstanceLock(path).state(), State::Held);
 }
 
-TEST(SessionLock, AFileLeftBehindIsNoLock) {
+TEST(InstanceLock, AFileLeftBehindIsNoLock) {
     const QTemporaryDir dir;
     QFile file(dir.filePath(u"lock"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("12345\n");
     file.close();
-    EXPECT_EQ(SessionLock(file.fileName()).state(), State::Held);
+    EXPECT_EQ(InstanceLock(file.fileName()).state(), State::Held);
 }
 
-TEST(SessionLock, IsImpossibleWhereThereIsNoDirectory) {
+TEST(InstanceLock, IsImpossibleWhereThereIsNoDirectory) {
     const QTemporaryDir dir;
-    EXPECT_EQ(SessionLock(dir.filePath(u"gone/lock"_s)).state(), State::Impossible);
+    EXPECT_EQ(InstanceLock(dir.filePath(u"gone/lock"_s)).state(), State::Impossible);
 }
 
-TEST(SessionLock, OnlyItsUserCanOpenTheFile) {
+TEST(InstanceLock, OnlyItsUserCanOpenTheFile) {
     const QTemporaryDir dir;
     const QString path = dir.filePath(u"lock"_s);
-    const SessionLock lock(path);
+    const InstanceLock lock(path);
     EXPECT_EQ(QFile::permissions(path) &
                   (QFile::ReadGroup | QFile::ReadOther | QFile::WriteGroup | QFile::WriteOther),
               QFile::Permissions());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/launch_channel.h"
+#include "desktop/single_instance_channel.h"
 
 #include <QDeadlineTimer>
 #include <QFile>
@@ -36,9 +36,9 @@ QByteArray answerOn(const LocalSocket& socket, const QDeadlineTimer& deadline) {
 } // namespace
 
 /// A second launch that has connected; gone with its request or with the channel.
-class LaunchChannel::Caller : public QObject {
+class SingleInstanceChannel::Caller : public QObject {
 public:
-    Caller(LocalSocket socket, LaunchChannel& channel)
+    Caller(LocalSocket socket, SingleInstanceChannel& channel)
         : QObject(&channel), socket_(std::move(socket)), channel_(channel),
           notifier_(socket_.descriptor(), QSocketNotifier::Read) {
         connect(&notifier_, &QSocketNotifier::activated, this, &Caller::read);
@@ -61,25 +61,25 @@ private:
     }
 
     LocalSocket socket_;
-    LaunchChannel& channel_;
+    SingleInstanceChannel& channel_;
     QSocketNotifier notifier_;
     QByteArray request_;
 };
 
-LaunchChannel::LaunchChannel(const QString& path)
+SingleInstanceChannel::SingleInstanceChannel(const QString& path)
     : path_(path), socket_(LocalSocket::listeningAt(path)) {
     if (!socket_.isOpen())
         return;
     notifier_ = std::make_unique<QSocketNotifier>(socket_.descriptor(), QSocketNotifier::Read);
-    connect(notifier_.get(), &QSocketNotifier::activated, this, &LaunchChannel::serve);
+    connect(notifier_.get(), &QSocketNotifier::activated, this, &SingleInstanceChannel::serve);
 }
 
-LaunchChannel::~LaunchChannel() {
+SingleInstanceChannel::~SingleInstanceChannel() {
     if (socket_.isOpen())
         QFile::remove(path_);
 }
 
-void LaunchChannel::serve() {
+void SingleInstanceChannel::serve() {
     LocalSocket caller = socket_.accept();
     if (caller.isOpen()) {
         new Caller(std::move(caller), *this);
@@ -90,10 +90,10 @@ void LaunchChannel::serve() {
     QTimer::singleShot(retryInterval, notifier_.get(), [this] { notifier_->setEnabled(true); });
 }
 
-bool LaunchChannel::askToShow(const QString& path, const QByteArray& activationToken,
-                              std::chrono::milliseconds patience) {
+bool SingleInstanceChannel::askToShow(const QString& path, const QByteArray& activationToken,
+                                      std::chrono::milliseconds timeout) {
     const QByteArray request = "show " + activationToken.left(longestLine / 2).simplified() + '\n';
-    const QDeadlineTimer deadline(patience);
+    const QDeadlineTimer deadline(timeout);
     while (!deadline.hasExpired()) {
         const LocalSocket socket = LocalSocket::connectedTo(path);
         if (socket.isOpen())

@@ -2,38 +2,38 @@
 #pragma once
 
 #include "ui/controls/remove_button.h"
-#include "ui/panel/pick_button.h"
+#include "ui/panel/profile_button.h"
 
 #include <QWidget>
 
 namespace tarnwick {
 
 /// One profile of a picker: all of the line picks it, but for the trash can at its end.
-class ProfileLine : public QWidget {
+class ProfileRow : public QWidget {
     Q_OBJECT
 
 public:
-    explicit ProfileLine(QWidget* parent = nullptr);
+    explicit ProfileRow(QWidget* parent = nullptr);
 
     void setProfile(const PanelContent::Profile& profile);
 
     QSize sizeHint() const override;
 
-    PickButton* pickButton() const { return pick_; }
+    ProfileButton* pickButton() const { return pick_; }
 
     /// Hidden when the profile cannot be removed.
     RemoveButton* removeButton() const { return remove_; }
 
 Q_SIGNALS:
-    void picked(const PanelCall& call);
-    void removed(const PanelCall& call);
+    void picked(const PanelCommand& call);
+    void removed(const PanelCommand& call);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     PanelContent::Profile profile_;
-    PickButton* pick_;
+    ProfileButton* pick_;
     RemoveButton* remove_;
 };
 

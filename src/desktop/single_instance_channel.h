@@ -15,21 +15,21 @@ namespace tarnwick {
 
 /// How a second launch of the program reaches the copy that runs: a socket that only the user can
 /// connect to, over which one line goes each way.
-class LaunchChannel : public QObject {
+class SingleInstanceChannel : public QObject {
     Q_OBJECT
 
 public:
     /// Listens at `path`, in place of whatever a crashed copy has left there. Where that is
     /// impossible the program runs without: a second launch then finds nobody.
-    explicit LaunchChannel(const QString& path);
-    ~LaunchChannel() override;
-    LaunchChannel(const LaunchChannel&) = delete;
-    LaunchChannel& operator=(const LaunchChannel&) = delete;
+    explicit SingleInstanceChannel(const QString& path);
+    ~SingleInstanceChannel() override;
+    SingleInstanceChannel(const SingleInstanceChannel&) = delete;
+    SingleInstanceChannel& operator=(const SingleInstanceChannel&) = delete;
 
     /// Asks the copy that listens at `path` to show its panel, and waits for its answer for at most
-    /// `patience`: it may have started only just now. `activationToken` lets it take the focus.
+    /// `timeout`: it may have started only just now. `activationToken` lets it take the focus.
     static bool askToShow(const QString& path, const QByteArray& activationToken,
-                          std::chrono::milliseconds patience);
+                          std::chrono::milliseconds timeout);
 
 Q_SIGNALS:
     void showRequested(const QByteArray& activationToken);

@@ -10,19 +10,19 @@ namespace tarnwick {
 ///
 /// Copies share the switch. Every operation may be called from any thread. Should the system be
 /// out of descriptors, waits simply take their full time.
-class StopSignal {
+class CancellationToken {
 public:
-    StopSignal();
+    CancellationToken();
 
     /// Ends every wait, present and future.
-    void request() const;
+    void cancel() const;
 
-    bool isRequested() const;
+    bool isCancelled() const;
 
-    /// Sleeps for `duration`, or until a stop is requested; returns whether it was.
+    /// Sleeps for `duration`, or until it is cancelled; returns whether it was.
     bool waitFor(std::chrono::milliseconds duration) const;
 
-    /// Becomes readable when a stop is requested; for use with poll(). -1 when there is none.
+    /// Becomes readable when it is cancelled; for use with poll(). -1 when there is none.
     int descriptor() const;
 
 private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/panel/profile_line.h"
+#include "ui/panel/profile_row.h"
 
 #include <QStyle>
 
@@ -14,8 +14,8 @@ constexpr int removeGap = 6;
 
 } // namespace
 
-ProfileLine::ProfileLine(QWidget* parent)
-    : QWidget(parent), pick_(new PickButton(this)), remove_(new RemoveButton(this)) {
+ProfileRow::ProfileRow(QWidget* parent)
+    : QWidget(parent), pick_(new ProfileButton(this)), remove_(new RemoveButton(this)) {
     QObject::connect(pick_, &QAbstractButton::clicked, this,
                      [this] { Q_EMIT picked(profile_.pick); });
     QObject::connect(remove_, &QAbstractButton::clicked, this, [this] {
@@ -24,7 +24,7 @@ ProfileLine::ProfileLine(QWidget* parent)
     });
 }
 
-void ProfileLine::setProfile(const PanelContent::Profile& profile) {
+void ProfileRow::setProfile(const PanelContent::Profile& profile) {
     profile_ = profile;
     pick_->setProfile(profile_);
     pick_->setReservedWidth(profile_.remove ? RemoveButton::sideLength + removeGap : 0);
@@ -32,16 +32,16 @@ void ProfileLine::setProfile(const PanelContent::Profile& profile) {
     remove_->setAccessibleDescription(pick_->accessibleName());
 }
 
-QSize ProfileLine::sizeHint() const {
-    const int texts = pick_->title().sizeHint().height() + PickButton::lineGap +
+QSize ProfileRow::sizeHint() const {
+    const int texts = pick_->title().sizeHint().height() + ProfileButton::lineGap +
                       pick_->subtitle().sizeHint().height();
     return {0, std::max(texts, RemoveButton::sideLength) + 2 * linePadding};
 }
 
-void ProfileLine::resizeEvent(QResizeEvent* event) {
+void ProfileRow::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     pick_->setGeometry(rect());
-    const QRect trash(width() - PickButton::horizontalPadding - RemoveButton::sideLength,
+    const QRect trash(width() - ProfileButton::horizontalPadding - RemoveButton::sideLength,
                       (height() - RemoveButton::sideLength) / 2, RemoveButton::sideLength,
                       RemoveButton::sideLength);
     remove_->setGeometry(QStyle::visualRect(layoutDirection(), rect(), trash));

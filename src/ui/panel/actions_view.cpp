@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/panel/action_block.h"
+#include "ui/panel/actions_view.h"
 
 #include "ui/controls/column_items.h"
 #include "ui/controls/divider.h"
@@ -27,12 +27,12 @@ QString keyOf(const PanelContent::Action& action) {
 
 } // namespace
 
-ActionBlock::ActionBlock(QWidget* parent) : QWidget(parent), column_(new QVBoxLayout(this)) {
+ActionsView::ActionsView(QWidget* parent) : QWidget(parent), column_(new QVBoxLayout(this)) {
     column_->setContentsMargins(0, 4, 0, 4);
     column_->setSpacing(2);
 }
 
-void ActionBlock::setContent(const PanelContent::Actions& content) {
+void ActionsView::setContent(const PanelContent::Actions& content) {
     QHash<QString, QWidget*> kept;
     QList<QWidget*> shown;
     takeAllItems(*column_);
@@ -59,13 +59,13 @@ void ActionBlock::setContent(const PanelContent::Actions& content) {
     setReadingOrder(shown);
 }
 
-QWidget* ActionBlock::rowFor(const PanelContent::Action& action, QWidget* row) {
+QWidget* ActionsView::rowFor(const PanelContent::Action& action, QWidget* row) {
     if (const auto* content = std::get_if<PanelContent::ProfilePicker>(&action)) {
         auto* picker = static_cast<ProfilePickerRow*>(row);
         if (picker == nullptr) {
             picker = new ProfilePickerRow(this);
-            QObject::connect(picker, &ProfilePickerRow::picked, this, &ActionBlock::called);
-            QObject::connect(picker, &ProfilePickerRow::removed, this, &ActionBlock::called);
+            QObject::connect(picker, &ProfilePickerRow::picked, this, &ActionsView::called);
+            QObject::connect(picker, &ProfilePickerRow::removed, this, &ActionsView::called);
         }
         picker->setContent(*content);
         return picker;

@@ -6,11 +6,11 @@
 namespace tarnwick {
 
 /// The system's log-in manager, which announces sleep and wake-up.
-class LoginManager : public QDBusAbstractInterface {
+class SleepMonitor : public QDBusAbstractInterface {
     Q_OBJECT
 
 public:
-    explicit LoginManager(const QDBusConnection& systemBus);
+    explicit SleepMonitor(const QDBusConnection& systemBus);
 
 Q_SIGNALS:
     /// The signal of this name on the bus: the computer is about to sleep, or has woken.

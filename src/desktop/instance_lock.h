@@ -7,13 +7,13 @@ namespace tarnwick {
 
 /// A lock that at most one process holds, given back by the system however that process ends: no
 /// crash can leave it behind, so there is no stale lock to recognise.
-class SessionLock {
+class InstanceLock {
 public:
     /// Tries to take the lock that the file at `path` stands for; makes the file when missing.
-    explicit SessionLock(const QString& path);
-    ~SessionLock();
-    SessionLock(const SessionLock&) = delete;
-    SessionLock& operator=(const SessionLock&) = delete;
+    explicit InstanceLock(const QString& path);
+    ~InstanceLock();
+    InstanceLock(const InstanceLock&) = delete;
+    InstanceLock& operator=(const InstanceLock&) = delete;
 
     enum class State {
         Held,
