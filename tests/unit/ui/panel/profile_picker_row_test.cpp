@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "panel_on_screen.h"
+#include "support/pitch.h"
 #include "ui/panel/profile_picker_row.h"
 
 namespace tarnwick {
@@ -38,11 +39,11 @@ TEST_F(ProfilePickerRowTest, ShowsNameAndMonospacedAddressElseAccountAndNetwork)
     const ProfileButton& first = *line(*picker, 0)->pickButton();
     EXPECT_EQ(first.title().text(), "laptop"_L1);
     EXPECT_EQ(first.subtitle().text(), "100.64.0.9"_L1);
-    EXPECT_TRUE(QFontInfo(first.subtitle().font()).fixedPitch());
+    EXPECT_TRUE(test::hasOnePitch(first.subtitle().font()));
     const ProfileButton& second = *line(*picker, 1)->pickButton();
     EXPECT_EQ(second.title().text(), "user-b"_L1);
     EXPECT_EQ(second.subtitle().text(), "net-b"_L1);
-    EXPECT_FALSE(QFontInfo(second.subtitle().font()).fixedPitch());
+    EXPECT_FALSE(test::hasOnePitch(second.subtitle().font()));
 }
 
 TEST_F(ProfilePickerRowTest, WithoutAShownSelectionNoLineIsMarkedAndAllCanBeRemoved) {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "support/pitch.h"
 #include "ui/style/text_style.h"
 
 #include <QApplication>
-#include <QFontInfo>
 
 #include <gtest/gtest.h>
 
@@ -54,8 +54,8 @@ TEST(TextStyle, WeightsAndDesigns) {
     EXPECT_EQ(name.font().weight(), QFont::Medium);
     EXPECT_EQ(name.font().pixelSize(), scaledSize(TextStyle::Caption));
     const TextLook address{TextStyle::Caption, TextWeight::Natural, TextDesign::Monospaced};
-    EXPECT_TRUE(QFontInfo(address.font()).fixedPitch());
-    EXPECT_FALSE(QFontInfo(TextLook{}.font()).fixedPitch());
+    EXPECT_TRUE(test::hasOnePitch(address.font()));
+    EXPECT_FALSE(test::hasOnePitch(TextLook{}.font()));
 }
 
 } // namespace
