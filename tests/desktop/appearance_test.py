@@ -4,8 +4,8 @@
 import signal
 import unittest
 
-from desktop import Rect, wait_until
 from session import ADDRESS, BUTTON, GOOD_KEY, Session
+from virtual_desktop import Rect, wait_until
 
 LIGHT = ("239,240,241", "35,38,41")
 DARK = ("32,35,38", "252,252,252")

@@ -4,8 +4,8 @@
 import time
 import unittest
 
-from desktop import stays, wait_until
 from session import ADDRESS, GOOD_KEY, Session, removal
+from virtual_desktop import stays, wait_until
 
 KEYS = ("twkey-fernwood-good", "twkey-kite-good", GOOD_KEY)
 AUTH_KEY_HEADING = "Connect to Tarnwick Network"

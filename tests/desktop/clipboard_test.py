@@ -3,8 +3,8 @@
 
 import unittest
 
-from desktop import wait_until
 from session import ADDRESS, GOOD_KEY, LABEL, Session
+from virtual_desktop import wait_until
 
 
 class Clipboard(unittest.TestCase):

@@ -4,8 +4,8 @@ the next try succeeds. Each fault has a desktop of its own."""
 
 import unittest
 
-from desktop import wait_until
 from session import ADDRESS, BUTTON, FIELD, GOOD_KEY, Session, at_the_same_time
+from virtual_desktop import wait_until
 
 KEYS = ("twkey-fernwood-good", GOOD_KEY)
 GONE_WRONG = "error: the daemon is not in the mood (simulated)\n"

@@ -7,9 +7,9 @@ import subprocess
 import time
 import unittest
 
-from desktop import BIN_DIR, Desktop, Rect, stays, wait_until
+from virtual_desktop import Desktop, Rect, bin_dir, stays, wait_until
 
-CLIENT = BIN_DIR / "tarnwick-client"
+CLIENT = bin_dir() / "tarnwick-client"
 HANGING_TOOL = "#!/bin/sh\ntrap '' TERM\necho \"$@\" >>\"$0.calls\"\nexec sleep 60\n"
 STOPPED_TOOL = '#!/bin/sh\necho "$@" >>"$0.calls"\necho \'{"BackendState": "Stopped"}\'\n'
 

@@ -9,8 +9,8 @@ import subprocess
 import time
 import unittest
 
-from desktop import BIN_DIR, stays, wait_until
 from session import ADDRESS, GOOD_KEY, Session
+from virtual_desktop import bin_dir, stays, wait_until
 
 KEYS = ("twkey-fernwood-good", GOOD_KEY)
 CONNECTED = ("Connected", ADDRESS, "Switch network", "Disconnect")
@@ -236,7 +236,7 @@ class Surroundings(unittest.TestCase):
         return "Connected" in session.texts()
 
     def test_the_module_that_checks_for_updates_is_damaged(self):
-        (module,) = BIN_DIR.glob("tarnwick-network-*.so")
+        (module,) = bin_dir().glob("tarnwick-network-*.so")
         session = self.start(mounts=f"mount --bind /dev/null '{module}'")
         session.click("Check for Updates...")
         session.wait_for_texts("Software Update", "Close")

@@ -3,7 +3,7 @@
 
 import unittest
 
-from desktop import Desktop, Rect, stays
+from virtual_desktop import Desktop, Rect, stays
 
 SCREEN = Rect(0, 0, 1280, 800)
 

@@ -3,7 +3,7 @@
 
 import unittest
 
-from desktop import Desktop, Rect
+from virtual_desktop import Desktop, Rect
 
 
 class Screens(unittest.TestCase):

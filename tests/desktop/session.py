@@ -16,11 +16,11 @@ import shutil
 import subprocess
 import time
 
-from desktop import BIN_DIR, TIME_LIMIT, Desktop, Rect, comes, stays, wait_until
 from screen_reader import ScreenReader
 from simulated_daemon import SERVER, SimulatedDaemon, programs, quick_world
+from virtual_desktop import TIME_LIMIT, Desktop, Rect, bin_dir, comes, stays, wait_until
 
-CLIENT = BIN_DIR / "tarnwick-client"
+CLIENT = bin_dir() / "tarnwick-client"
 GOOD_KEY = "twkey-harbor-good"
 ADDRESS = "100.72.14.3"
 PANEL = "Tarnwick Network"

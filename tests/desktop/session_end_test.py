@@ -3,9 +3,9 @@
 
 import unittest
 
-from desktop import wait_until
 from session import ADDRESS, GOOD_KEY, Session
 from session_manager import SessionManager
+from virtual_desktop import wait_until
 
 NEVER_RESTARTED = 3
 

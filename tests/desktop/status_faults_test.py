@@ -5,8 +5,8 @@ sees meanwhile, and that the first good answer puts it right."""
 import contextlib
 import unittest
 
-from desktop import stays, wait_until
 from session import ADDRESS, GOOD_KEY, Session, at_the_same_time
+from virtual_desktop import stays, wait_until
 
 KEYS = ("twkey-fernwood-good", GOOD_KEY)
 LIMIT = 30.0  # seconds, for what takes the client's own limit of twelve twice

@@ -5,7 +5,7 @@ import threading
 
 from gi.repository import Gio, GLib
 
-from desktop import TIME_LIMIT, wait_until
+from virtual_desktop import TIME_LIMIT, wait_until
 
 WATCHER = "org.kde.StatusNotifierWatcher"
 ITEM = "org.kde.StatusNotifierItem"

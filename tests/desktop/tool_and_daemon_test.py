@@ -9,8 +9,8 @@ import socket
 import time
 import unittest
 
-from desktop import stays, wait_until
 from session import ADDRESS, GOOD_KEY, Session
+from virtual_desktop import stays, wait_until
 
 KEYS = ("twkey-fernwood-good", GOOD_KEY)
 CONNECTED = ("Connected", ADDRESS, "Switch network", "Disconnect")

@@ -4,8 +4,8 @@
 import time
 import unittest
 
-from desktop import Desktop, Rect, stays, wait_until
 from status_notifier_host import StatusNotifierHost
+from virtual_desktop import Desktop, Rect, stays, wait_until
 
 MENU = {"Open Tarnwick Network", "Quit Tarnwick Network"}
 

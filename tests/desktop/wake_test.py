@@ -6,7 +6,7 @@ import unittest
 
 from gi.repository import Gio, GLib
 
-from desktop import Desktop, Rect, stays, wait_until
+from virtual_desktop import Desktop, Rect, stays, wait_until
 
 LOGIN = "org.freedesktop.login1"
 STATUS = "status --json"

@@ -4,8 +4,8 @@ mouse, with the keyboard alone, and with assistive technology alone."""
 
 import unittest
 
-from desktop import wait_until
 from session import ADDRESS, BUTTON, FIELD, GOOD_KEY, Session, removal
+from virtual_desktop import wait_until
 
 OTHER_KEY, OTHER_ADDRESS = "twkey-fernwood-good", "100.101.7.2"
 OTHER, OTHER_UNSEEN = "attic-desktop", "Mira Lindqvist"  # once it was connected, and before

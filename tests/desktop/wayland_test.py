@@ -3,8 +3,8 @@
 
 import unittest
 
-from desktop import Desktop, stays, wait_until
 from status_notifier_host import StatusNotifierHost
+from virtual_desktop import Desktop, stays, wait_until
 
 
 class Wayland(unittest.TestCase):

@@ -1,32 +1,17 @@
 # SPDX-License-Identifier: MIT
-"""A virtual desktop for tests that drive the built client as a user does.
+"""A virtual desktop and what runs on it."""
 
-    with Desktop(tray="top") as desktop:
-        client = desktop.start_client()
-        desktop.click(desktop.wait_for_icon(client).center)
-        panel = desktop.wait_for_panel(client)
-
-Everything runs in a directory of its own: home, runtime directory, session bus, system bus and X
-display. Every wait is bounded, and every process is ended by its id, also when the test is killed.
-"""
-
-import collections
-import ctypes
 import os
 import pathlib
 import shutil
-import signal
-import subprocess
 import tempfile
 import time
 
-SOURCE = pathlib.Path(__file__).resolve().parents[2]
-BIN_DIR = pathlib.Path(os.environ.get("TARNWICK_BIN_DIR", SOURCE / "build/debug/bin")).resolve()
-TIME_LIMIT = 20.0
-PANEL_WIDTH = 300
-PARENT_DEATH_SIGNAL = 1  # PR_SET_PDEATHSIG
+from virtual_desktop.process import Process
+from virtual_desktop.screen import Rect, Screen
+from virtual_desktop.waiting import TIME_LIMIT, comes, stays, wait_until
 
-# Anybody may own any name and talk to anybody: the bus is private to one test.
+# Anybody may own any name and talk to anybody: the bus is private to one desktop.
 BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
 <busconfig>
@@ -41,106 +26,28 @@ BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus
 </busconfig>
 """
 
-
-class Rect(collections.namedtuple("Rect", "x y width height")):
-    """A rectangle of the screen, in its pixels."""
-
-    @property
-    def center(self):
-        return self.x + self.width // 2, self.y + self.height // 2
-
-    @property
-    def right(self):
-        return self.x + self.width
-
-    @property
-    def bottom(self):
-        return self.y + self.height
-
-    def contains(self, other):
-        return (self.x <= other.x and self.y <= other.y
-                and other.right <= self.right and other.bottom <= self.bottom)
-
-    def intersects(self, other):
-        return (self.x < other.right and other.x < self.right
-                and self.y < other.bottom and other.y < self.bottom)
+PANEL_WIDTH = 300
 
 
-def wait_until(condition, what, seconds=TIME_LIMIT, step=0.05, describe=None):
-    """Returns the first true value of `condition()`; a failure is explained by `describe()`."""
-    deadline = time.monotonic() + seconds
-    while True:
-        value = condition()
-        if value:
-            return value
-        if time.monotonic() > deadline:
-            why = f": {describe()}" if describe else ""
-            raise TimeoutError(f"waited {seconds} s for {what}{why}")
-        time.sleep(step)
+def bin_dir():
+    """Where the programs of the build are that is to be tried."""
+    built = pathlib.Path(__file__).resolve().parents[1] / "build/debug/bin"
+    return pathlib.Path(os.environ.get("TARNWICK_BIN_DIR", built)).resolve()
 
 
-def comes(condition, seconds):
-    """Whether `condition()` holds within so long."""
-    try:
-        return bool(wait_until(condition, "", seconds))
-    except TimeoutError:
-        return False
-
-
-def stays(condition, seconds, step=0.05):
-    """Whether `condition()` holds now and for so long."""
-    deadline = time.monotonic() + seconds
-    while time.monotonic() < deadline:
-        if not condition():
-            return False
-        time.sleep(step)
-    return True
-
-
-def _die_with_parent():
-    ctypes.CDLL(None).prctl(PARENT_DEATH_SIGNAL, signal.SIGKILL)
-
-
-class Process(subprocess.Popen):
-    """A child whose output goes to a file and that does not outlive the test."""
-
-    def __init__(self, line, log, **options):
-        self.log = pathlib.Path(log)
-        with open(self.log, "ab") as output:
-            super().__init__([str(part) for part in line], stdin=subprocess.DEVNULL, stdout=output,
-                             stderr=subprocess.STDOUT, preexec_fn=_die_with_parent, **options)
-
-    def is_running(self):
-        return self.poll() is None
-
-    def stop(self, with_signal=signal.SIGTERM, seconds=5.0):
-        """Ends it and returns its exit status."""
-        if self.is_running():
-            self.send_signal(with_signal)
-        try:
-            return self.wait(seconds)
-        except subprocess.TimeoutExpired:
-            self.kill()
-            return self.wait(seconds)
-
-    def output(self):
-        return self.log.read_text(encoding="utf-8", errors="replace")
-
-
-class Desktop:
+class Desktop(Screen):
     """An X display with a window manager, two buses and, if asked for, a tray at an edge."""
 
     def __init__(self, size="1280x800", tray=None, session_bus=True, environment=None):
         # Not TMPDIR, which may be too long for the path of a socket.
-        self.directory = pathlib.Path(tempfile.mkdtemp(prefix="tw-desktop-", dir="/tmp"))
+        super().__init__(pathlib.Path(tempfile.mkdtemp(prefix="tw-desktop-", dir="/tmp")), {})
         self.home = self._make_directory("home")
         self.runtime = self._make_directory("run")
         self.processes = []
         self.tray = None
         self._size, self._tray_edge = size, tray
         self._has_session_bus = session_bus
-        self.environment = self._base_environment()
-        self.environment.update(environment or {})
+        self.environment.update(self._base_environment(), **(environment or {}))
 
     def _make_directory(self, name):
         directory = self.directory / name
@@ -191,12 +98,6 @@ class Desktop:
         self.processes.append(process)
         return process
 
-    def run(self, *line, check=False, seconds=TIME_LIMIT):
-        """Runs a program to its end and returns what it printed."""
-        return subprocess.run([str(part) for part in line], env=self.environment, timeout=seconds,
-                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-                              stderr=subprocess.DEVNULL, check=check).stdout.decode()
-
     def start_bus(self, name):
         """Starts a private message bus and returns its address."""
         socket = self.runtime / f"{name}-bus"
@@ -216,6 +117,16 @@ class Desktop:
         if not number:
             raise RuntimeError(self.processes[-1].output())
         return f":{number}"
+
+    def split_screen(self):
+        """Makes two screens of one, side by side; returns them."""
+        whole = Rect(0, 0, *(int(part) for part in self._size.split("x")))
+        half = whole.width // 2
+        for name, left, output in (("left", 0, "screen"), ("right", half, "none")):
+            self.run("xrandr", "--setmonitor", name,
+                     f"{half}/200x{whole.height}/150+{left}+0", output, check=True)
+        wait_until(lambda: "Monitors: 2" in self.run("xrandr", "--listmonitors"), "two screens")
+        return Rect(0, 0, half, whole.height), Rect(half, 0, half, whole.height)
 
     def start_tray(self, edge="top", align="right", height=26, tint="0x202020", screen=0):
         """Starts an X tray at that edge; it reserves its room, as panels do."""
@@ -239,31 +150,23 @@ class Desktop:
             if time.monotonic() > deadline:
                 raise TimeoutError(f"waited for the tray: {self.tray.output()}")
 
-    def split_screen(self):
-        """Makes two screens of one, side by side; returns them."""
-        whole = Rect(0, 0, *(int(part) for part in self._size.split("x")))
-        half = whole.width // 2
-        for name, left, output in (("left", 0, "screen"), ("right", half, "none")):
-            self.run("xrandr", "--setmonitor", name,
-                     f"{half}/200x{whole.height}/150+{left}+0", output, check=True)
-        wait_until(lambda: "Monitors: 2" in self.run("xrandr", "--listmonitors"), "two screens")
-        return Rect(0, 0, half, whole.height), Rect(half, 0, half, whole.height)
-
     def stop_tray(self):
         self.tray.stop()
         self.tray = None
 
+    # The client
+
     def start_client(self, *arguments, program=None, environment=None):
         """Starts the client, as built or another copy of it."""
         self.wait_for_tray()
-        return self.start(program or BIN_DIR / "tarnwick-client", *arguments,
+        return self.start(program or bin_dir() / "tarnwick-client", *arguments,
                           environment=environment)
 
     def copy_client(self, tool):
         """A copy of the client in a directory of its own, beside a tool with that text."""
         directory = pathlib.Path(tempfile.mkdtemp(prefix="client-", dir=self.directory))
         suffix = "linux-arm64" if os.uname().machine in ("aarch64", "arm64") else "linux-amd64"
-        client = pathlib.Path(shutil.copy2(BIN_DIR / "tarnwick-client", directory))
+        client = pathlib.Path(shutil.copy2(bin_dir() / "tarnwick-client", directory))
         for name in (f"tarnwick-{suffix}", f"tarnwick-daemon-{suffix}"):
             (directory / name).write_text(tool, encoding="utf-8")
             (directory / name).chmod(0o755)
@@ -274,34 +177,14 @@ class Desktop:
         """Where the client looks for a daemon of this desktop's user."""
         return self.home / ".tarnwick" / "tarnwick.sock"
 
-    # Windows
-
-    def windows(self, process):
-        """The visible windows of a process, by their X ids."""
-        windows = self.run("xdotool", "search", "--all", "--onlyvisible", "--pid", process.pid,
-                           "--name", "").split()
-        found = {window: self.geometry(window) for window in windows}
-        return {window: rect for window, rect in found.items() if rect}
-
-    def geometry(self, window):
-        """Where a window is; None when it is gone."""
-        values = dict(line.split("=") for line in self.run(
-            "xdotool", "getwindowgeometry", "--shell", window).split() if "=" in line)
-        if "WIDTH" not in values:
-            return None
-        return Rect(*(int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")))
-
-    def _window(self, process, condition):
-        return next((rect for rect in self.windows(process).values() if condition(rect)), None)
-
     def icon(self, process):
         """The client's icon in an X tray; None when there is none."""
-        return self._window(process, lambda rect: 8 <= rect.width <= 64 and rect.height <= 64
+        return self.find_window(process, lambda rect: 8 <= rect.width <= 64 and rect.height <= 64
                             and rect.x >= 0 and rect.y >= 0)
 
     def panel(self, process):
         """The open panel; None when it is closed."""
-        return self._window(process, lambda rect: rect.width >= PANEL_WIDTH)
+        return self.find_window(process, lambda rect: rect.width >= PANEL_WIDTH)
 
     def wait_for_icon(self, process, seconds=TIME_LIMIT):
         def describe():
@@ -321,14 +204,15 @@ class Desktop:
         wait_until(lambda: self.panel(process) is None, "the panel to close", seconds)
         self.settle()
 
+    def wait_for_menu(self, process, seconds=TIME_LIMIT):
+        """The icon's context menu."""
+        def menu():
+            return self.find_window(process, lambda rect: 64 < rect.width < PANEL_WIDTH)
+        return wait_until(menu, "the menu", seconds)
+
     def settle(self):
         """Gives the window manager time to hand the focus on, as a user's hand does."""
         time.sleep(0.5)
-
-    def wait_for_menu(self, process, seconds=TIME_LIMIT):
-        """The icon's context menu."""
-        return wait_until(lambda: self._window(process, lambda rect: 64 < rect.width < PANEL_WIDTH),
-                          "the menu", seconds)
 
     def open_window(self, rect):
         """Opens a window of another program there; returns its X id and its place."""
@@ -339,34 +223,3 @@ class Desktop:
                    f"{rect.width}x{rect.height}+{rect.x}+{rect.y}", "another window")
         window = wait_until(lambda: next(iter(set(ids()) - set(known)), None), "another window")
         return window, self.geometry(window)
-
-    def active_window(self):
-        """The X id of the window that has the focus; "" when none has."""
-        return self.run("xdotool", "getactivewindow").strip()
-
-    # Mouse, keyboard, pictures
-
-    def click(self, point, button=1):
-        self.run("xdotool", "mousemove", *point, "click", button, check=True)
-
-    def move_mouse(self, point):
-        self.run("xdotool", "mousemove", *point, check=True)
-
-    def key(self, *keys):
-        self.run("xdotool", "key", *keys, check=True)
-
-    def type(self, text):
-        self.run("xdotool", "type", "--delay", 5, text, check=True)
-
-    def screenshot(self, path, rect=None):
-        """Saves a picture of the screen, or of a part of it, as PNG."""
-        crop = ("-crop", f"{rect.width}x{rect.height}+{rect.x}+{rect.y}", "+repage") if rect else ()
-        self.run("import", "-window", "root", *crop, path, check=True)
-        return pathlib.Path(path)
-
-    def brightness(self, rect):
-        """Darkest and lightest grey in a part of the screen, from 0 to 1."""
-        picture = self.screenshot(self.directory / "brightness.png", rect)
-        text = self.run("convert", picture, "-colorspace", "gray", "-format",
-                        "%[fx:minima] %[fx:maxima]", "info:", check=True)
-        return tuple(float(part) for part in text.split())

@@ -1,0 +1,37 @@
+# SPDX-License-Identifier: MIT
+"""Waiting for something to happen, within a limit."""
+
+import time
+
+TIME_LIMIT = 20.0  # seconds
+
+
+def wait_until(condition, what, seconds=TIME_LIMIT, step=0.05, describe=None):
+    """Returns the first true value of `condition()`; a failure is explained by `describe()`."""
+    deadline = time.monotonic() + seconds
+    while True:
+        value = condition()
+        if value:
+            return value
+        if time.monotonic() > deadline:
+            why = f": {describe()}" if describe else ""
+            raise TimeoutError(f"waited {seconds} s for {what}{why}")
+        time.sleep(step)
+
+
+def comes(condition, seconds):
+    """Whether `condition()` holds within so long."""
+    try:
+        return bool(wait_until(condition, "", seconds))
+    except TimeoutError:
+        return False
+
+
+def stays(condition, seconds, step=0.05):
+    """Whether `condition()` holds now and for so long."""
+    deadline = time.monotonic() + seconds
+    while time.monotonic() < deadline:
+        if not condition():
+            return False
+        time.sleep(step)
+    return True
