@@ -45,6 +45,7 @@ class Desktop(Screen):
         self.runtime = self._make_directory("run")
         self.processes = []
         self.tray = None
+        self._buses = {}
         self._size, self._tray_edge = size, tray
         self._has_session_bus = session_bus
         self.environment.update(self._base_environment(), **(environment or {}))
@@ -103,9 +104,15 @@ class Desktop(Screen):
         socket = self.runtime / f"{name}-bus"
         configuration = self.directory / f"{name}-bus.conf"
         configuration.write_text(BUS_CONFIGURATION.format(socket=socket), encoding="utf-8")
-        self.start("dbus-daemon", f"--config-file={configuration}", "--nofork", "--nopidfile")
+        self._buses[name] = self.start("dbus-daemon", f"--config-file={configuration}", "--nofork",
+                                       "--nopidfile")
         wait_until(socket.exists, f"the {name} bus")
         return f"unix:path={socket}"
+
+    def stop_bus(self, name):
+        """As if it had crashed, but without its socket staying behind."""
+        self._buses.pop(name).stop(signal.SIGKILL)
+        (self.runtime / f"{name}-bus").unlink(missing_ok=True)
 
     def _start_display(self):
         reader, writer = os.pipe()

@@ -58,6 +58,20 @@ class XTray(unittest.TestCase):
         with Desktop(tray="top", session_bus=False) as desktop:
             desktop.wait_for_icon(desktop.start_client())
 
+    def test_it_comes_when_nobody_answers_at_the_session_buss_address(self):
+        with Desktop(tray="top", session_bus=False) as desktop:
+            socket = desktop.runtime / "nobody"
+            desktop.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={socket}"
+            desktop.wait_for_icon(desktop.start_client())
+
+    def test_it_comes_when_the_session_bus_dies_first(self):
+        with Desktop() as desktop:
+            client = desktop.start_client()
+            self.assertTrue(stays(client.is_running, 1.0))
+            desktop.stop_bus("session")
+            desktop.start_tray()
+            desktop.wait_for_icon(client)
+
 
 class NotifierHost(unittest.TestCase):
     def setUp(self):
