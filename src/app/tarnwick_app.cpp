@@ -16,6 +16,16 @@ namespace tarnwick {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+void openWebsite() {
+    const QUrl url(serviceAddresses().webSite, QUrl::StrictMode);
+    if (url.isValid())
+        QDesktopServices::openUrl(url);
+}
+
+} // namespace
+
 TarnwickApp::TarnwickApp(const QString& launchSocket, DaemonManagerOptions options)
     : daemon_(DaemonManager::create(std::move(options))), platform_(hostPlatform()),
       launches_(launchSocket), presenter_([this] { return makePanel(); }) {
@@ -36,38 +46,29 @@ TarnwickApp::~TarnwickApp() = default;
 
 std::unique_ptr<MenuBarView> TarnwickApp::makePanel() {
     QApplication::setWindowIcon(QIcon::fromTheme(u"tarnwick-client"_s, networkGlyphIcon({})));
-    return std::make_unique<MenuBarView>(daemon_, panelCalls());
+    return std::make_unique<MenuBarView>(daemon_,
+                                         [this](const PanelCommand& command) { perform(command); });
 }
 
-PanelCalls TarnwickApp::panelCalls() {
-    PanelCalls calls;
-    calls.switchProfile = [this](const QString& id) {
-        daemon_->switchProfile(id);
-    };
-    calls.removeProfile = [this](const QString& id) {
-        daemon_->removeProfile(id);
-    };
-    calls.disconnect = [this] {
-        daemon_->disconnect();
-    };
-    calls.showAuthKeyWindow = [this] {
-        authKeyWindow_.show(daemon_);
-    };
-    calls.checkForUpdates = [this] {
-        checkForUpdates();
-    };
-    calls.refresh = [this] {
-        daemon_->refreshStatus();
-    };
-    calls.openWebsite = [] {
-        const QUrl url(serviceAddresses().webSite, QUrl::StrictMode);
-        if (url.isValid())
-            QDesktopServices::openUrl(url);
-    };
-    calls.quit = [] {
-        QCoreApplication::quit();
-    };
-    return calls;
+void TarnwickApp::perform(const PanelCommand& command) {
+    switch (command.kind) {
+    case PanelCommand::Kind::SwitchProfile:
+        return daemon_->switchProfile(command.profileId);
+    case PanelCommand::Kind::RemoveProfile:
+        return daemon_->removeProfile(command.profileId);
+    case PanelCommand::Kind::Disconnect:
+        return daemon_->disconnect();
+    case PanelCommand::Kind::ShowAuthKeyWindow:
+        return authKeyWindow_.show(daemon_);
+    case PanelCommand::Kind::Refresh:
+        return daemon_->refreshStatus();
+    case PanelCommand::Kind::CheckForUpdates:
+        return checkForUpdates();
+    case PanelCommand::Kind::OpenWebsite:
+        return openWebsite();
+    case PanelCommand::Kind::Quit:
+        return QCoreApplication::quit();
+    }
 }
 
 void TarnwickApp::checkForUpdates() {

@@ -31,9 +31,11 @@ public:
     /// The one controller, whoever asks and however often.
     const std::shared_ptr<DaemonManager>& daemon() const { return daemon_; }
 
+    /// Carries out what a control of the panel asks for.
+    void perform(const PanelCommand& command);
+
 private:
     std::unique_ptr<MenuBarView> makePanel();
-    PanelCalls panelCalls();
     void checkForUpdates();
     void showIcon();
     void showOnRequest(const QByteArray& activationToken);

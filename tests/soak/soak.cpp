@@ -54,7 +54,7 @@ Soak::Soak(unsigned seed) : tool_(seed) {
     options.settings =
         std::make_unique<QSettings>(home_.filePath(u"client.conf"_s), QSettings::IniFormat);
     daemon_ = DaemonManager::create(std::move(options));
-    panel_ = std::make_unique<MenuBarView>(daemon_, PanelCalls());
+    panel_ = std::make_unique<MenuBarView>(daemon_, PerformCommand());
     if (!awaitFirstRefresh())
         qFatal("the controller does not refresh");
 }

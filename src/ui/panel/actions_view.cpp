@@ -21,13 +21,14 @@ QString keyOf(const PanelContent::Action& action) {
     if (const auto* picker = std::get_if<PanelContent::ProfilePicker>(&action))
         return u"picker/"_s + picker->key;
     if (const auto* button = std::get_if<PanelContent::Button>(&action))
-        return u"button/"_s + QString::number(int(button->call.kind));
+        return u"button/"_s + QString::number(int(button->command.kind));
     return u"divider"_s;
 }
 
 } // namespace
 
-ActionsView::ActionsView(QWidget* parent) : QWidget(parent), column_(new QVBoxLayout(this)) {
+ActionsView::ActionsView(PerformCommand perform, QWidget* parent)
+    : QWidget(parent), perform_(std::move(perform)), column_(new QVBoxLayout(this)) {
     column_->setContentsMargins(0, 4, 0, 4);
     column_->setSpacing(2);
 }
@@ -62,21 +63,15 @@ void ActionsView::setContent(const PanelContent::Actions& content) {
 QWidget* ActionsView::rowFor(const PanelContent::Action& action, QWidget* row) {
     if (const auto* content = std::get_if<PanelContent::ProfilePicker>(&action)) {
         auto* picker = static_cast<ProfilePickerRow*>(row);
-        if (picker == nullptr) {
-            picker = new ProfilePickerRow(this);
-            QObject::connect(picker, &ProfilePickerRow::picked, this, &ActionsView::called);
-            QObject::connect(picker, &ProfilePickerRow::removed, this, &ActionsView::called);
-        }
+        if (picker == nullptr)
+            picker = new ProfilePickerRow(perform_, this);
         picker->setContent(*content);
         return picker;
     }
     if (const auto* content = std::get_if<PanelContent::Button>(&action)) {
         auto* button = static_cast<MenuButton*>(row);
-        if (button == nullptr) {
-            button = new MenuButton(this);
-            QObject::connect(button, &QAbstractButton::clicked, this,
-                             [this, button] { Q_EMIT called(button->content().call); });
-        }
+        if (button == nullptr)
+            button = new MenuButton(perform_, this);
         button->setContent(*content);
         return button;
     }

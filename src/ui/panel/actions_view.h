@@ -14,17 +14,15 @@ class ActionsView : public QWidget {
     Q_OBJECT
 
 public:
-    explicit ActionsView(QWidget* parent);
+    ActionsView(PerformCommand perform, QWidget* parent);
 
     /// Rows live on from one content to the next where they do the same.
     void setContent(const PanelContent::Actions& content);
 
-Q_SIGNALS:
-    void called(const PanelCommand& call);
-
 private:
     QWidget* rowFor(const PanelContent::Action& action, QWidget* row);
 
+    PerformCommand perform_;
     QVBoxLayout* column_;
     QHash<QString, QWidget*> rows_;
 };

@@ -28,9 +28,11 @@ constexpr int handOverMilliseconds = 300;
 
 } // namespace
 
-MenuBarView::MenuBarView(std::shared_ptr<DaemonManager> daemon, PanelCalls calls, QWidget* parent)
-    : QWidget(parent, panelFlags), daemon_(std::move(daemon)), calls_(std::move(calls)),
-      surface_(this), scrollArea_(new OverlayScrollArea(this)), column_(new PanelColumn(nullptr)) {
+MenuBarView::MenuBarView(std::shared_ptr<DaemonManager> daemon, PerformCommand perform,
+                         QWidget* parent)
+    : QWidget(parent, panelFlags), daemon_(std::move(daemon)), surface_(this),
+      scrollArea_(new OverlayScrollArea(this)),
+      column_(new PanelColumn(std::move(perform), nullptr)) {
     setWindowTitle(u"Tarnwick Network"_s);
     setFixedWidth(panelWidth);
     scrollArea_->setContents(column_);
@@ -41,8 +43,6 @@ MenuBarView::MenuBarView(std::shared_ptr<DaemonManager> daemon, PanelCalls calls
                      &MenuBarView::scheduleRender);
     QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, this,
                      &MenuBarView::scheduleActivationReview);
-    QObject::connect(column_, &PanelColumn::called, this,
-                     [this](const PanelCommand& call) { calls_.perform(call); });
 }
 
 MenuBarView::~MenuBarView() = default;

@@ -4,8 +4,8 @@
 #include "daemon/daemon_manager.h"
 #include "ui/controls/overlay_scroll_area.h"
 #include "ui/controls/panel_surface.h"
-#include "ui/panel/panel_calls.h"
 #include "ui/panel/panel_column.h"
+#include "ui/panel/panel_command.h"
 #include "ui/panel/panel_content.h"
 
 #include <QPointer>
@@ -19,16 +19,18 @@ namespace tarnwick {
 
 /// The panel under the tray icon: a frameless window, 300 wide and as high as its contents.
 ///
-/// Reads the controller and changes nothing but through its calls. Renders once per turn of the
-/// event loop at most, not while hidden, and not when what it shows stays the same. Closes on
-/// Escape and when another window becomes active, unless that is one of its own popovers.
+/// Reads the controller and changes nothing: what its controls ask for goes to `perform`. Renders
+/// once per turn of the event loop at most, not while hidden, and not when what it shows stays the
+/// same. Closes on Escape and when another window becomes active, unless that is one of its own
+/// popovers.
 class MenuBarView : public QWidget {
     Q_OBJECT
 
 public:
     static constexpr int panelWidth = 300; ///< Device-independent pixels.
 
-    MenuBarView(std::shared_ptr<DaemonManager> daemon, PanelCalls calls, QWidget* parent = nullptr);
+    MenuBarView(std::shared_ptr<DaemonManager> daemon, PerformCommand perform,
+                QWidget* parent = nullptr);
     ~MenuBarView() override;
     MenuBarView(const MenuBarView&) = delete;
     MenuBarView& operator=(const MenuBarView&) = delete;
@@ -80,7 +82,6 @@ private:
     bool closeInnermostPopover();
 
     std::shared_ptr<DaemonManager> daemon_;
-    PanelCalls calls_;
     PanelSurface surface_;
     OverlayScrollArea* scrollArea_;
     PanelColumn* column_;

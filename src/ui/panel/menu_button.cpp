@@ -5,6 +5,8 @@
 
 #include <QPainter>
 
+#include <utility>
+
 namespace tarnwick {
 
 namespace {
@@ -13,7 +15,10 @@ constexpr RowGeometry buttonGrid{.look = {TextStyle::Body}, .verticalPadding = 6
 
 } // namespace
 
-MenuButton::MenuButton(QWidget* parent) : RowButton(parent) {}
+MenuButton::MenuButton(PerformCommand perform, QWidget* parent)
+    : RowButton(parent), perform_(std::move(perform)) {
+    QObject::connect(this, &QAbstractButton::clicked, this, [this] { perform_(content_.command); });
+}
 
 void MenuButton::setContent(const PanelContent::Button& content) {
     if (content == content_)

@@ -11,7 +11,7 @@ class MenuButton : public RowButton {
     Q_OBJECT
 
 public:
-    explicit MenuButton(QWidget* parent);
+    MenuButton(PerformCommand perform, QWidget* parent);
 
     void setContent(const PanelContent::Button& content);
 
@@ -23,6 +23,7 @@ protected:
     void paintRow(QPainter& painter) override;
 
 private:
+    PerformCommand perform_;
     PanelContent::Button content_;
 };
 

@@ -11,10 +11,12 @@
 #include "ui/panel/info_view.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tarnwick {
 
-PanelColumn::PanelColumn(QWidget* parent) : QWidget(parent), column_(new QVBoxLayout(this)) {
+PanelColumn::PanelColumn(PerformCommand perform, QWidget* parent)
+    : QWidget(parent), perform_(std::move(perform)), column_(new QVBoxLayout(this)) {
     column_->setContentsMargins(0, 0, 0, 0);
     column_->setSpacing(0);
 }
@@ -44,10 +46,10 @@ int PanelColumn::contentHeight(int width) const {
 template <typename View, typename Content>
 void PanelColumn::showView(QWidget*& view, const Content& content) {
     if (view == nullptr) {
-        view = new View(this);
         if constexpr (std::is_same_v<View, ActionsView>)
-            QObject::connect(static_cast<View*>(view), &ActionsView::called, this,
-                             &PanelColumn::called);
+            view = new View(perform_, this);
+        else
+            view = new View(this);
     }
     static_cast<View*>(view)->setContent(content);
     column_->addWidget(view);

@@ -15,16 +15,13 @@ class PanelColumn : public QWidget {
     Q_OBJECT
 
 public:
-    explicit PanelColumn(QWidget* parent);
+    PanelColumn(PerformCommand perform, QWidget* parent);
 
     /// Sections live on from one content to the next; one that is left out goes.
     void setContent(const PanelContent& content);
 
     /// Height that the contents take at that width.
     int contentHeight(int width) const;
-
-Q_SIGNALS:
-    void called(const PanelCommand& call);
 
 private:
     template <typename View, typename Content>
@@ -35,6 +32,7 @@ private:
 
     static constexpr std::size_t sectionKinds = std::variant_size_v<PanelContent::Section>;
 
+    PerformCommand perform_;
     QVBoxLayout* column_;
     std::array<QWidget*, sectionKinds> views_{}; // by the section's kind
     QList<QWidget*> dividers_;

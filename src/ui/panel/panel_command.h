@@ -3,9 +3,11 @@
 
 #include <QString>
 
+#include <functional>
+
 namespace tarnwick {
 
-/// What a control of the panel calls, as a value.
+/// What a control of the panel asks for, as a value.
 struct PanelCommand {
     enum class Kind {
         SwitchProfile,
@@ -23,5 +25,8 @@ struct PanelCommand {
 
     bool operator==(const PanelCommand&) const = default;
 };
+
+/// Carries out what the panel's controls ask for. Called on the main thread, once a press.
+using PerformCommand = std::function<void(const PanelCommand&)>;
 
 } // namespace tarnwick

@@ -86,7 +86,7 @@ struct PanelContent {
     struct Button {
         QString title;
         QString symbol;
-        PanelCommand call;
+        PanelCommand command;
 
         bool operator==(const Button&) const = default;
     };

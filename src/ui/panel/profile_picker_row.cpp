@@ -6,6 +6,8 @@
 
 #include <QPainter>
 
+#include <utility>
+
 namespace tarnwick {
 
 namespace {
@@ -14,7 +16,8 @@ constexpr RowGeometry pickerGrid{.look = {TextStyle::Body}, .verticalPadding = 6
 
 }
 
-ProfilePickerRow::ProfilePickerRow(QWidget* parent) : PopoverRow(parent) {}
+ProfilePickerRow::ProfilePickerRow(PerformCommand perform, QWidget* parent)
+    : PopoverRow(parent), perform_(std::move(perform)) {}
 
 void ProfilePickerRow::setContent(const PanelContent::ProfilePicker& content) {
     if (content == content_)
@@ -49,19 +52,15 @@ void ProfilePickerRow::updateList(PopoverList& list) {
 
 QWidget* ProfilePickerRow::provideLine(QWidget* row, qsizetype index) {
     auto* line = static_cast<ProfileRow*>(row);
-    if (line == nullptr) {
-        line = new ProfileRow;
-        QObject::connect(line, &ProfileRow::picked, this, [this](const PanelCommand& call) {
-            setPopoverPresented(false);
-            Q_EMIT picked(call);
-        });
-        QObject::connect(line, &ProfileRow::removed, this, [this](const PanelCommand& call) {
-            setPopoverPresented(false);
-            Q_EMIT removed(call);
-        });
-    }
+    if (line == nullptr)
+        line = new ProfileRow([this](const PanelCommand& command) { closeAndPerform(command); });
     line->setProfile(content_.profiles[index]);
     return line;
+}
+
+void ProfilePickerRow::closeAndPerform(const PanelCommand& command) {
+    setPopoverPresented(false);
+    perform_(command);
 }
 
 } // namespace tarnwick

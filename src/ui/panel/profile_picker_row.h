@@ -13,17 +13,11 @@ class ProfilePickerRow : public PopoverRow {
 public:
     static constexpr int maximumListHeight = 240;
 
-    explicit ProfilePickerRow(QWidget* parent);
+    ProfilePickerRow(PerformCommand perform, QWidget* parent);
 
     void setContent(const PanelContent::ProfilePicker& content);
 
     QSize sizeHint() const override;
-
-Q_SIGNALS:
-    /// A profile was picked; the popover is closed by then.
-    void picked(const PanelCommand& call);
-    /// A profile is to be removed; the popover is closed by then.
-    void removed(const PanelCommand& call);
 
 protected:
     void paintRow(QPainter& painter) override;
@@ -32,7 +26,9 @@ protected:
 
 private:
     QWidget* provideLine(QWidget* row, qsizetype index);
+    void closeAndPerform(const PanelCommand& command);
 
+    PerformCommand perform_;
     PanelContent::ProfilePicker content_;
 };
 

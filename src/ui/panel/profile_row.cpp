@@ -4,6 +4,7 @@
 #include <QStyle>
 
 #include <algorithm>
+#include <utility>
 
 namespace tarnwick {
 
@@ -14,13 +15,13 @@ constexpr int removeGap = 6;
 
 } // namespace
 
-ProfileRow::ProfileRow(QWidget* parent)
-    : QWidget(parent), pick_(new ProfileButton(this)), remove_(new RemoveButton(this)) {
-    QObject::connect(pick_, &QAbstractButton::clicked, this,
-                     [this] { Q_EMIT picked(profile_.pick); });
+ProfileRow::ProfileRow(PerformCommand perform, QWidget* parent)
+    : QWidget(parent), perform_(std::move(perform)), pick_(new ProfileButton(this)),
+      remove_(new RemoveButton(this)) {
+    QObject::connect(pick_, &QAbstractButton::clicked, this, [this] { perform_(profile_.pick); });
     QObject::connect(remove_, &QAbstractButton::clicked, this, [this] {
         if (profile_.remove)
-            Q_EMIT removed(*profile_.remove);
+            perform_(*profile_.remove);
     });
 }
 

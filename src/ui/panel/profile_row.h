@@ -13,7 +13,7 @@ class ProfileRow : public QWidget {
     Q_OBJECT
 
 public:
-    explicit ProfileRow(QWidget* parent = nullptr);
+    explicit ProfileRow(PerformCommand perform, QWidget* parent = nullptr);
 
     void setProfile(const PanelContent::Profile& profile);
 
@@ -24,14 +24,11 @@ public:
     /// Hidden when the profile cannot be removed.
     RemoveButton* removeButton() const { return remove_; }
 
-Q_SIGNALS:
-    void picked(const PanelCommand& call);
-    void removed(const PanelCommand& call);
-
 protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    PerformCommand perform_;
     PanelContent::Profile profile_;
     ProfileButton* pick_;
     RemoveButton* remove_;

@@ -26,7 +26,7 @@ protected:
     MenuBarView* panel_ = nullptr;
     PanelPresenter presenter_{[this] {
         ++made_;
-        auto panel = std::make_unique<MenuBarView>(daemon_, PanelCalls());
+        auto panel = std::make_unique<MenuBarView>(daemon_, PerformCommand());
         panel_ = panel.get();
         return panel;
     }};

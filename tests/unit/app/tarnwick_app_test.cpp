@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -46,6 +47,45 @@ TEST_F(TarnwickAppTest, ExactlyOneControllerExistsHoweverOftenThePanelIsOpened) 
     // Each controller asks for the status when it is made.
     test::runEventLoopFor(std::chrono::milliseconds(300));
     EXPECT_EQ(world_.tool.commands().count(QStringList{u"status"_s, u"--json"_s}), 1);
+}
+
+TEST_F(TarnwickAppTest, EveryCommandToTheDaemonReachesTheTool) {
+    using Kind = PanelCommand::Kind;
+    TarnwickApp app(socket_, world_.options());
+    const std::pair<PanelCommand, QStringList> expected[] = {
+        {{Kind::SwitchProfile, u"7"_s}, {u"switch"_s, u"7"_s}},
+        {{Kind::RemoveProfile, u"8"_s},
+         {u"debug"_s, u"localapi"_s, u"DELETE"_s, u"/localapi/v0/profiles/8"_s}},
+        {{Kind::Disconnect}, {u"down"_s}},
+    };
+    for (const auto& [command, arguments] : expected) {
+        app.perform(command);
+        EXPECT_TRUE(waitUntil([&] { return world_.tool.commands().contains(arguments); }))
+            << qPrintable(arguments.join(u' '));
+    }
+}
+
+TEST_F(TarnwickAppTest, RefreshAsksForTheStatusOnceMore) {
+    const QStringList status{u"status"_s, u"--json"_s};
+    TarnwickApp app(socket_, world_.options());
+    ASSERT_TRUE(test::waitForRefresh(*app.daemon()));
+    EXPECT_EQ(world_.tool.commands().count(status), 1);
+    app.perform({PanelCommand::Kind::Refresh});
+    EXPECT_TRUE(waitUntil([&] { return world_.tool.commands().count(status) == 2; }));
+}
+
+TEST_F(TarnwickAppTest, UseAuthKeyOpensItsWindow) {
+    TarnwickApp app(socket_, world_.options());
+    app.perform({PanelCommand::Kind::ShowAuthKeyWindow});
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    ASSERT_EQ(windows.size(), 1);
+    EXPECT_EQ(windows.first()->windowTitle(), u"Connect to Network"_s);
+}
+
+TEST_F(TarnwickAppTest, QuitEndsTheEventLoop) {
+    TarnwickApp app(socket_, world_.options());
+    QTimer::singleShot(0, [&app] { app.perform({PanelCommand::Kind::Quit}); });
+    EXPECT_EQ(QApplication::exec(), 0);
 }
 
 TEST_F(TarnwickAppTest, TheControllerGoesWithTheProgram) {

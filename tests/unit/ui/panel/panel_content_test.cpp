@@ -153,7 +153,7 @@ TEST(PanelContent, HeaderFollowsTheConnection) {
 
 TEST(PanelContent, EveryButtonCallsItsOwnOperation) {
     const auto kindOf = [](const PanelContent::Action& action) {
-        return std::get<PanelContent::Button>(action).call.kind;
+        return std::get<PanelContent::Button>(action).command.kind;
     };
     const auto actions = actionsOf(PanelContent::of(connectedState()));
     ASSERT_EQ(actions.size(), 6);

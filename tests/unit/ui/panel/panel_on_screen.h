@@ -21,10 +21,13 @@
 
 namespace tarnwick::test {
 
-/// An open panel on a controller whose state the test decides, and the calls that it made.
+/// An open panel on a controller whose state the test decides, and the commands that its controls
+/// made.
 class PanelOnScreen : public testing::Test {
 protected:
-    PanelOnScreen() : daemon(world.createRefreshed()) { panel.emplace(daemon, recordedCalls()); }
+    PanelOnScreen() : daemon(world.createRefreshed()) {
+        panel.emplace(daemon, [this](const PanelCommand& command) { note(command); });
+    }
 
     ~PanelOnScreen() override { QApplication::setLayoutDirection(Qt::LeftToRight); }
 
@@ -79,23 +82,23 @@ protected:
     ControllerWorld world;
     std::shared_ptr<DaemonManager> daemon;
     std::optional<MenuBarView> panel;
-    QStringList made; ///< The calls, in order.
+    QStringList made; ///< The commands, in order.
+    std::function<void()> whenMade = [] {
+    };
 
 private:
-    PanelCalls recordedCalls() {
-        const auto note = [this](const char* what) {
-            return [this, what] {
-                made += QString::fromLatin1(what);
-            };
-        };
-        return {[this](const QString& id) { made += QStringLiteral("switch ") + id; },
-                [this](const QString& id) { made += QStringLiteral("remove ") + id; },
-                note("disconnect"),
-                note("key"),
-                note("refresh"),
-                note("updates"),
-                note("website"),
-                note("quit")};
+    void note(const PanelCommand& command) {
+        static const QHash<PanelCommand::Kind, QString> names{
+            {PanelCommand::Kind::SwitchProfile, QStringLiteral("switch ")},
+            {PanelCommand::Kind::RemoveProfile, QStringLiteral("remove ")},
+            {PanelCommand::Kind::Disconnect, QStringLiteral("disconnect")},
+            {PanelCommand::Kind::ShowAuthKeyWindow, QStringLiteral("key")},
+            {PanelCommand::Kind::Refresh, QStringLiteral("refresh")},
+            {PanelCommand::Kind::CheckForUpdates, QStringLiteral("updates")},
+            {PanelCommand::Kind::OpenWebsite, QStringLiteral("website")},
+            {PanelCommand::Kind::Quit, QStringLiteral("quit")}};
+        made += names.value(command.kind) + command.profileId;
+        whenMade();
     }
 };
 

@@ -55,7 +55,7 @@ TEST_F(ProfilePickerRowTest, WithoutAShownSelectionNoLineIsMarkedAndAllCanBeRemo
 }
 
 TEST_F(ProfilePickerRowTest, AShownSelectionMarksTheCurrentOneWhichCannotBeRemoved) {
-    ProfilePickerRow picker(nullptr);
+    ProfilePickerRow picker({}, nullptr);
     picker.setContent(
         {u"p"_s, u"Pick"_s, u"network"_s, PanelContent::profileLines(profiles(3), true)});
     picker.resize(300, picker.sizeHint().height());
@@ -83,8 +83,9 @@ TEST_F(ProfilePickerRowTest, MoreProfilesThanFitScrollBelowTheHeading) {
 TEST_F(ProfilePickerRowTest, TheTrashRemovesWithoutAskingAndClosesThePopoverFirst) {
     auto* picker = openPicker(profiles(3));
     bool wasPresented = true;
-    QObject::connect(picker, &ProfilePickerRow::removed, picker,
-                     [&] { wasPresented = picker->isPopoverPresented(); });
+    whenMade = [&] {
+        wasPresented = picker->isPopoverPresented();
+    };
     RemoveButton* trash = line(*picker, 1)->removeButton();
     EXPECT_EQ(trash->size(), QSize(24, 24));
     QTest::mouseClick(trash, Qt::LeftButton, {}, QPoint(1, 1)); // a corner of the square
@@ -96,8 +97,9 @@ TEST_F(ProfilePickerRowTest, TheTrashRemovesWithoutAskingAndClosesThePopoverFirs
 TEST_F(ProfilePickerRowTest, PickingClosesThePopoverFirstAndThenCalls) {
     auto* picker = openPicker(profiles(3));
     bool wasPresented = true;
-    QObject::connect(picker, &ProfilePickerRow::picked, picker,
-                     [&] { wasPresented = picker->isPopoverPresented(); });
+    whenMade = [&] {
+        wasPresented = picker->isPopoverPresented();
+    };
     QTest::mouseClick(line(*picker, 2)->pickButton(), Qt::LeftButton, {}, QPoint(180, 3));
     EXPECT_FALSE(wasPresented);
     EXPECT_EQ(made, QStringList{u"switch 2"_s});
@@ -147,7 +149,7 @@ TEST_F(ProfilePickerRowTest, ThePopoverStaysOpenWhileTheTitleCountsOn) {
 }
 
 TEST_F(ProfilePickerRowTest, AnEmptyListIsAHeadingAndNothingBelow) {
-    ProfilePickerRow picker(nullptr);
+    ProfilePickerRow picker({}, nullptr);
     picker.setContent({u"p"_s, u"Pick"_s, u"network"_s, {}});
     picker.show();
     picker.setPopoverPresented(true);
