@@ -9,7 +9,7 @@ import time
 
 from virtual_desktop.process import Process
 from virtual_desktop.screen import Rect, Screen
-from virtual_desktop.waiting import TIME_LIMIT, comes, stays, wait_until
+from virtual_desktop.waiting import TIME_LIMIT, stays, wait_until
 
 # Anybody may own any name and talk to anybody: the bus is private to one desktop.
 BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
@@ -78,9 +78,7 @@ class Desktop(Screen):
             self.environment["DBUS_SESSION_BUS_ADDRESS"] = self.start_bus("session")
         self.environment["DBUS_SYSTEM_BUS_ADDRESS"] = self.start_bus("system")
         self.environment["DISPLAY"] = self._start_display()
-        self.start("openbox", "--sm-disable")
-        wait_until(lambda: "_NET_SUPPORTING_WM_CHECK(WINDOW)" in self.run(
-            "xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "the window manager")
+        self.start_window_manager()
         if self._tray_edge:
             self.start_tray(self._tray_edge)
 
@@ -125,6 +123,22 @@ class Desktop(Screen):
             raise RuntimeError(self.processes[-1].output())
         return f":{number}"
 
+    def start_window_manager(self):
+        """Returns when it does what it is asked. Before that it may leave a window that wants to be
+        shown until something else happens."""
+        process = self.start("openbox", "--sm-disable")
+        wanted = "2" if self._number_of_workspaces() == "1" else "1"
+
+        def obeys():
+            self.run("xdotool", "set_num_desktops", wanted)
+            return self._number_of_workspaces() == wanted
+
+        wait_until(obeys, "the window manager", describe=process.output)
+        return process
+
+    def _number_of_workspaces(self):
+        return self.run("xdotool", "get_num_desktops").strip()
+
     def split_screen(self):
         """Makes two screens of one, side by side; returns them."""
         whole = Rect(0, 0, *(int(part) for part in self._size.split("x")))
@@ -141,21 +155,9 @@ class Desktop(Screen):
             "trayer", "--edge", edge, "--align", align, "--widthtype", "request", "--height",
             height, "--transparent", "true", "--alpha", 0, "--tint", tint, "--SetPartialStrut",
             "true", "--SetDockType", "true", "--expand", "true", "--monitor", screen)
+        wait_until(lambda: self.run("xdotool", "search", "--onlyvisible", "--name", "^panel$"),
+                   "the tray", describe=self.tray.output)
         return self.tray
-
-    def wait_for_tray(self):
-        """This one never shows itself when it gets an icon before it has done so, and now and then
-        when the machine is busy: then another takes its place."""
-        def shows():
-            return self.run("xdotool", "search", "--onlyvisible", "--name", "^panel$")
-
-        deadline = time.monotonic() + TIME_LIMIT
-        while self.tray and not shows():
-            if not comes(shows, 5.0):
-                self.tray.stop()
-                self.tray = self.start(*self.tray.args)
-            if time.monotonic() > deadline:
-                raise TimeoutError(f"waited for the tray: {self.tray.output()}")
 
     def stop_tray(self):
         self.tray.stop()
@@ -165,7 +167,6 @@ class Desktop(Screen):
 
     def start_client(self, *arguments, program=None, environment=None):
         """Starts the client, as built or another copy of it."""
-        self.wait_for_tray()
         return self.start(program or bin_dir() / "tarnwick-client", *arguments,
                           environment=environment)
 

@@ -226,7 +226,7 @@ class Surroundings(unittest.TestCase):
                        if process.args[0] == "openbox")
         manager.stop()
         self.assertTrue(stays(session.client.is_running, 1.0))
-        session.desktop.start("openbox", "--sm-disable")
+        session.desktop.start_window_manager()
         wait_until(lambda: self.works(session), "the panel")
 
     @staticmethod

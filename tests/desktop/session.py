@@ -124,7 +124,6 @@ class Session:
         self.start_client()
 
     def start_client(self):
-        self.desktop.wait_for_tray()
         limits = ["prlimit", *self._limits, "--"] if self._limits else []
         self.client = self.desktop.start(*with_mounts(self._mounts, *limits, CLIENT),
                                          environment=self._environment)
