@@ -4,7 +4,8 @@
 import signal
 import unittest
 
-from session import ADDRESS, BUTTON, GOOD_KEY, Session
+from screen_reader import Role
+from session import ADDRESS, GOOD_KEY, Session
 from virtual_desktop import Rect, wait_until
 
 LIGHT = ("239,240,241", "35,38,41")
@@ -77,7 +78,7 @@ class Colors(unittest.TestCase):
 
     def test_high_contrast_is_black_and_white(self):
         session = self.session
-        entry = Rect(*session.settled(BUTTON, "Refresh").rect)
+        entry = Rect(*session.settled(Role.BUTTON, "Refresh").rect)
         self.settings.change(HIGH_CONTRAST)
         self.wait_for_ground(lambda grey: grey == 0.0, session.desktop.panel(session.client))
         wait_until(lambda: session.desktop.brightness(entry) == (0.0, 1.0), "white on black")

@@ -4,6 +4,7 @@
 import time
 import unittest
 
+from screen_reader import Role
 from session import ADDRESS, GOOD_KEY, Session, removal
 from virtual_desktop import stays, wait_until
 
@@ -93,7 +94,7 @@ class WhenConnected(Calls):
         self.assertEqual(session.opened(), [])
 
     def test_a_click_in_the_empty_middle_of_an_entry_counts(self):
-        x, y = self.session.wait_for("push button", "Disconnect").center
+        x, y = self.session.wait_for(Role.BUTTON, "Disconnect").center
         self.session.desktop.click((x + 90, y))
         self.session.wait_for_calls([["down"]])
 
@@ -176,12 +177,12 @@ class UseAuthKey(Calls):
         self.begin()
         session.wait_for_texts("Needs Login")
         session.click("Use Auth Key...")
-        session.click("Auth Key", role="text")
+        session.click("Auth Key", role=Role.FIELD)
         session.desktop.type("half-a-key")
-        wait_until(lambda: session.find("text", "Auth Key").text == "half-a-key", "the text")
+        wait_until(lambda: session.find(Role.FIELD, "Auth Key").text == "half-a-key", "the text")
         session.open_panel()
         session.click("Use Auth Key...")
-        wait_until(lambda: session.find("text", "Auth Key").text == "", "a new form")
+        wait_until(lambda: session.find(Role.FIELD, "Auth Key").text == "", "a new form")
         self.assertEqual(session.texts().count(AUTH_KEY_HEADING), 1)
 
 

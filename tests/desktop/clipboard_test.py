@@ -3,7 +3,8 @@
 
 import unittest
 
-from session import ADDRESS, GOOD_KEY, LABEL, Session
+from screen_reader import Role
+from session import ADDRESS, GOOD_KEY, Session
 from virtual_desktop import wait_until
 
 
@@ -36,7 +37,7 @@ class Clipboard(unittest.TestCase):
     def drag_over(self, text):
         """Selects with the mouse, from the first letter to beyond the last, and copies."""
         desktop = self.session.desktop
-        x, y, width, height = self.session.settled(LABEL, text).rect
+        x, y, width, height = self.session.settled(Role.LABEL, text).rect
         middle = y + height // 2
         desktop.run("xdotool", "mousemove", x + 1, middle, "mousedown", 1,
                     "mousemove", x + width // 2, middle, "mousemove", x + width + 8, middle,

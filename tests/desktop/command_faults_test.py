@@ -4,7 +4,8 @@ the next try succeeds. Each fault has a desktop of its own."""
 
 import unittest
 
-from session import ADDRESS, BUTTON, FIELD, GOOD_KEY, Session, at_the_same_time
+from screen_reader import Role
+from session import ADDRESS, GOOD_KEY, Session, at_the_same_time
 from virtual_desktop import wait_until
 
 KEYS = ("twkey-fernwood-good", GOOD_KEY)
@@ -160,19 +161,19 @@ class LogIn(unittest.TestCase):
         session.open_panel()
         session.wait_for_texts("Needs Login")
         session.click("Use Auth Key...")
-        session.click("Auth Key", role=FIELD)
+        session.click("Auth Key", role=Role.FIELD)
         session.desktop.type(key)
-        wait_until(lambda: session.find(FIELD, "Auth Key").text == key, "the key")
+        wait_until(lambda: session.find(Role.FIELD, "Auth Key").text == key, "the key")
 
     def test_each_fault_leaves_the_window_and_a_second_try_succeeds(self):
         def work(session, fault, message, seconds):
             self.fill_in(session, GOOD_KEY)
             session.daemon.set_faults(f"{fault}@login", SLOW_STATUS)
             session.desktop.key("Return")
-            session.wait_for(BUTTON, "Connecting...")
+            session.wait_for(Role.BUTTON, "Connecting...")
             if message:
                 session.wait_for_texts(message, seconds=seconds)
-            session.wait_for(BUTTON, "Connect", seconds=seconds)
+            session.wait_for(Role.BUTTON, "Connect", seconds=seconds)
             session.daemon.set_faults("none")
             session.click("Connect")
             wait_until(lambda: LOG_IN_HEADING not in session.texts(), "the window to close")
@@ -191,7 +192,7 @@ class LogIn(unittest.TestCase):
         session.desktop.key("Return")
         session.wait_for_texts("error: the control server refused the log-in: the auth key has "
                                "expired\n")
-        session.wait_for(BUTTON, "Connect")
+        session.wait_for(Role.BUTTON, "Connect")
         self.assertIn(LOG_IN_HEADING, session.texts())
 
 

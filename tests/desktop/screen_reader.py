@@ -3,17 +3,27 @@
 
     with ScreenReader(desktop) as reader:
         (window,) = reader.windows(client)
-        reader.press(window.find("button", "Refresh"))
+        reader.press(window.find(Role.BUTTON, "Refresh"))
 
 The library serves one session bus in a process's life: a process of its own does the reading, so
 that one test may use several desktops. Run as a program, this file is that process.
 """
 
+import enum
 import json
 import subprocess
 import sys
 
 READINGS = 10
+
+
+class Role(enum.IntEnum):
+    """The library's numbers of the roles that are asked for. Its names change from one release to
+    the next: "push button" became "button"."""
+
+    LABEL = 29
+    BUTTON = 43
+    FIELD = 61
 
 
 class Node:
@@ -22,6 +32,7 @@ class Node:
     def __init__(self, data, parent=None):
         self.id = data["id"]
         self.role = data["role"]
+        self.role_name = data["role_name"]
         self.name = data["name"]
         self.description = data["description"]
         self.states = frozenset(data["states"])
@@ -32,7 +43,7 @@ class Node:
         self.children = [Node(child, self) for child in data["children"]]
 
     def __repr__(self):
-        return f"{self.role} {self.name!r} {self.rect}"
+        return f"{self.role_name} {self.name!r} {self.rect}"
 
     @property
     def center(self):
@@ -65,8 +76,8 @@ class ScreenReader:
 
     def __init__(self, desktop):
         self._process = subprocess.Popen(
-            ["/usr/bin/python3", "-B", "-W", "ignore::DeprecationWarning", __file__], env=desktop.environment, stdin=subprocess.PIPE,
-            stdout=subprocess.PIPE, text=True)
+            ["/usr/bin/python3", "-B", "-W", "ignore::DeprecationWarning", __file__],
+            env=desktop.environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
 
     def __enter__(self):
         return self
@@ -146,7 +157,8 @@ class Server:
         children = self.children(node)
         return {
             "id": number,
-            "role": node.get_role_name(),
+            "role": int(node.get_role()),
+            "role_name": node.get_role_name(),
             "name": node.get_name(),
             "description": node.get_description(),
             "states": [state.value_nick for state in node.get_state_set().get_states()],

@@ -16,7 +16,7 @@ import shutil
 import subprocess
 import time
 
-from screen_reader import ScreenReader
+from screen_reader import Role, ScreenReader
 from simulated_daemon import SERVER, SimulatedDaemon, programs, quick_world
 from virtual_desktop import TIME_LIMIT, Desktop, Rect, bin_dir, comes, stays, wait_until
 
@@ -25,7 +25,6 @@ GOOD_KEY = "twkey-harbor-good"
 ADDRESS = "100.72.14.3"
 PANEL = "Tarnwick Network"
 MOST_OPEN = 5  # the panel, a popover, and some for keys that come too early
-BUTTON, FIELD, LABEL = "push button", "text", "label"
 
 # As the client's own, in its own view of the file system. The one that has it mounted for a user
 # who is not root gives the rights for that away again.
@@ -174,7 +173,7 @@ class Session:
 
     def wait_for(self, role, name=None, description=None, seconds=TIME_LIMIT):
         return wait_until(lambda: self.find(role, name, description),
-                          f"{role} {name!r}, have {self.texts()}", seconds)
+                          f"{role.name} {name!r}, have {self.texts()}", seconds)
 
     def wait_for_texts(self, *wanted, without=(), seconds=TIME_LIMIT):
         """Waits until all of these are shown, and none of those `without`."""
@@ -197,7 +196,7 @@ class Session:
     def entries(self):
         """The buttons of the panel, from top to bottom."""
         panel = self.panel()
-        buttons = panel.find_all(BUTTON) if panel else []
+        buttons = panel.find_all(Role.BUTTON) if panel else []
         return [node.name for node in sorted(buttons, key=lambda node: node.rect[1])]
 
     # What the user does
@@ -220,7 +219,7 @@ class Session:
             time.sleep(0.1)
         raise AssertionError("Escape does not close the panel")
 
-    def click(self, name, role=BUTTON, description=None):
+    def click(self, name, role=Role.BUTTON, description=None):
         """A click with the mouse in the middle of a control."""
         self.desktop.click(self.settled(role, name, description).center)
 
@@ -235,9 +234,9 @@ class Session:
             again = self.find(role, name, description)
             return node if there and again and again.rect == node.rect else None
 
-        return wait_until(on_display, f"{role} {name!r} to stand still")
+        return wait_until(on_display, f"{role.name} {name!r} to stand still")
 
-    def press(self, name, role=BUTTON, description=None):
+    def press(self, name, role=Role.BUTTON, description=None):
         """A press by assistive technology."""
         self.reader.press(self.wait_for(role, name, description))
 

@@ -4,7 +4,8 @@ mouse, with the keyboard alone, and with assistive technology alone."""
 
 import unittest
 
-from session import ADDRESS, BUTTON, FIELD, GOOD_KEY, Session, removal
+from screen_reader import Role
+from session import ADDRESS, GOOD_KEY, Session, removal
 from virtual_desktop import wait_until
 
 OTHER_KEY, OTHER_ADDRESS = "twkey-fernwood-good", "100.101.7.2"
@@ -60,7 +61,7 @@ class Walk:
         session.wait_for_texts("Connect (1)")
         self.assertEqual(session.entries(), ["Connect (1)", "Use Auth Key..."] + COMMON)
         self.choose("Connect (1)")
-        session.wait_for(BUTTON, OTHER_UNSEEN)
+        session.wait_for(Role.BUTTON, OTHER_UNSEEN)
         self.look()
         self.choose(OTHER_UNSEEN)
         session.wait_for_texts("Connected", OTHER_ADDRESS)
@@ -117,7 +118,7 @@ class Walk:
                session.daemon.account()["profiles"]}
         session.daemon.clear_log()
         self.choose("Switch network")
-        session.wait_for(BUTTON, OTHER)
+        session.wait_for(Role.BUTTON, OTHER)
         self.look()
         self.choose(OTHER)
         session.wait_for_texts("Connected", OTHER_ADDRESS, without=[ADDRESS])
@@ -153,10 +154,10 @@ class ByMouse(Walk, unittest.TestCase):
 
     def fill_in(self, name, text):
         session = self.session
-        session.click(name, role=FIELD)
+        session.click(name, role=Role.FIELD)
         session.desktop.key("ctrl+a")
         session.desktop.type(text)
-        wait_until(lambda: session.find(FIELD, name).text == text, "the text")
+        wait_until(lambda: session.find(Role.FIELD, name).text == text, "the text")
 
 
 class ByKeyboard(Walk, unittest.TestCase):
@@ -184,17 +185,17 @@ class ByKeyboard(Walk, unittest.TestCase):
         self.fail(f"Tab does not lead to {name!r}")
 
     def choose(self, name, description=None):
-        self.go_to(BUTTON, name, description)
+        self.go_to(Role.BUTTON, name, description)
         self.session.desktop.key("Return")
 
     def close_devices(self):
         self.session.desktop.key("Escape")
 
     def fill_in(self, name, text):
-        self.go_to(FIELD, name)
+        self.go_to(Role.FIELD, name)
         self.session.desktop.key("ctrl+a")
         self.session.desktop.type(text)
-        wait_until(lambda: self.session.find(FIELD, name).text == text, "the text")
+        wait_until(lambda: self.session.find(Role.FIELD, name).text == text, "the text")
 
 
 class ByAssistiveTechnology(Walk, unittest.TestCase):
@@ -207,8 +208,8 @@ class ByAssistiveTechnology(Walk, unittest.TestCase):
         self.session.press(name, description=description)
 
     def fill_in(self, name, text):
-        self.session.reader.write(self.session.wait_for(FIELD, name), text)
-        wait_until(lambda: self.session.find(FIELD, name).text == text, "the text")
+        self.session.reader.write(self.session.wait_for(Role.FIELD, name), text)
+        wait_until(lambda: self.session.find(Role.FIELD, name).text == text, "the text")
 
     def look(self):
         check_names(self, self.session)
@@ -220,7 +221,7 @@ class NotInstalled(unittest.TestCase):
     def test_all_that_can_have_the_focus_has_a_name(self):
         with Session(installed=False) as session:
             session.open_panel()
-            session.wait_for(BUTTON, "Use Auth Key...")
+            session.wait_for(Role.BUTTON, "Use Auth Key...")
             self.assertEqual(session.entries(), ["Use Auth Key..."] + COMMON)
             check_names(self, session)
 
@@ -238,7 +239,7 @@ def check_names(test, session):
     test.assertTrue(focusable)
     for node in focusable:
         test.assertTrue(node.name.strip(), f"{node} in {node.parent}")
-        if node.role == BUTTON and "enabled" in node.states:
+        if node.role == Role.BUTTON and "enabled" in node.states:
             test.assertIn("Press", node.actions, node)
 
 
