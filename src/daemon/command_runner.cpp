@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "daemon/command_runner.h"
 
-#include "platform/child_process.h"
-
 #include <QDeadlineTimer>
 #include <QStringDecoder>
 

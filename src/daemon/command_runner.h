@@ -4,7 +4,7 @@
 #include "daemon/daemon_paths.h"
 #include "daemon/timing.h"
 #include "platform/cancellation_token.h"
-#include "platform/child_reaper.h"
+#include "platform/child_process.h"
 
 #include <QDeadlineTimer>
 #include <QString>
@@ -13,9 +13,6 @@
 #include <memory>
 
 namespace tarnwick {
-
-class ChildProcess;
-struct CommandLine;
 
 /// Runs the daemon's command-line tool, one short run a call, and returns what it printed.
 ///

@@ -3,7 +3,7 @@
 #include "daemon/install_line.h"
 #include "platform/child_process.h"
 #include "platform/main_queue.h"
-#include "platform/quality_of_service.h"
+#include "platform/system_calls.h"
 
 #include <QDeadlineTimer>
 #include <QFileInfo>

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "daemon/daemon_manager.h"
 
-#include "platform/machine.h"
-#include "platform/quality_of_service.h"
+#include "platform/system_calls.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/termination_signals.h"
 
-#include "platform/spawn_support.h"
+#include "platform/pipe.h"
 
 #include <atomic>
 #include <cerrno>

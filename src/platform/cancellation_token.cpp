@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/cancellation_token.h"
 
-#include "platform/spawn_support.h"
+#include "platform/pipe.h"
 
 #include <QDeadlineTimer>
 

@@ -2,7 +2,8 @@
 #include "platform/child_process.h"
 
 #include "platform/cancellation_token.h"
-#include "platform/spawn_support.h"
+#include "platform/pipe.h"
+#include "platform/system_calls.h"
 
 #include <array>
 #include <cerrno>
@@ -207,6 +208,10 @@ QByteArray ChildProcess::readOutput(QDeadlineTimer deadline,
 std::optional<pid_t> ChildProcess::release() {
     const pid_t pid = std::exchange(pid_, -1);
     return pid < 0 ? std::nullopt : std::optional(pid);
+}
+
+void ChildReaper::reap() {
+    std::erase_if(children_, [](pid_t child) { return waitpid(child, nullptr, WNOHANG) != 0; });
 }
 
 } // namespace tarnwick

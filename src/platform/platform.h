@@ -36,7 +36,7 @@ struct Platform {
     bool templateIcon; ///< The status area tints the icon itself.
     bool iconMenu;     ///< Status-area hosts expect the icon to have a context menu.
 
-    /// Name ending of bundled executables for the processor that `uname` calls `machine`.
+    /// How names of bundled executables end for the processor that `uname` calls `machine`.
     QString variantSuffix(const QString& machine) const;
 };
 
@@ -45,5 +45,9 @@ Platform linuxPlatform();
 
 /// The system that this program was built for.
 Platform hostPlatform();
+
+/// The machine field of the operating system's `uname` record, such as "arm64" or "x86_64"; "" when
+/// that cannot be read. Any thread.
+QString machineHardwareName();
 
 } // namespace tarnwick

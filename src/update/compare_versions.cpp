@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "update/compare_versions.h"
+
 #include "model/code_point_order.h"
-#include "update/update_service.h"
+
+#include <QList>
 
 #include <algorithm>
 #include <optional>
@@ -36,7 +39,7 @@ int compareComponents(std::optional<QStringView> a, std::optional<QStringView> b
 
 } // namespace
 
-int UpdateService::compareVersions(QStringView a, QStringView b) {
+int compareVersions(QStringView a, QStringView b) {
     const auto inA = a.split(u'.', Qt::SkipEmptyParts);
     const auto inB = b.split(u'.', Qt::SkipEmptyParts);
     const auto at = [](const QList<QStringView>& components, qsizetype i) {

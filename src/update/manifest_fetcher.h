@@ -1,16 +1,24 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "update/update_service_options.h"
-
 #include <QByteArray>
 #include <QString>
+#include <QUrl>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <variant>
 
 namespace tarnwick {
+
+/// What an update check needs to know.
+struct UpdateServiceOptions {
+    QUrl manifestURL;                          ///< Where the manifest is published.
+    QString installed;                         ///< The running version.
+    std::chrono::milliseconds timeLimit{8000}; ///< For the whole check, redirects included.
+    qsizetype bodyLimit = 1 << 20;             ///< Bytes of the body after unpacking.
+};
 
 /// The body of a successful answer, or why there is none, for the user to read.
 struct FetchFailure {

@@ -2,6 +2,7 @@
 #include "update/update_service.h"
 
 #include "platform/service_addresses.h"
+#include "update/compare_versions.h"
 #include "update/update_manifest.h"
 
 #include <QTimer>

@@ -4,10 +4,8 @@
 #include "platform/platform.h"
 #include "update/manifest_fetcher.h"
 #include "update/update_check_result.h"
-#include "update/update_service_options.h"
 
 #include <QObject>
-#include <QStringView>
 #include <QUrl>
 
 #include <functional>
@@ -34,12 +32,6 @@ public:
 
     static QUrl manifestURL();
     static QUrl downloadPageURL();
-
-    /// -1 when version `a` is older than `b`, 1 when it is newer, 0 when they are equal.
-    ///
-    /// Goes by the components between the dots, empty ones left out: as numbers where both are
-    /// numbers of 64 bits, else as texts, decided for each position by itself.
-    static int compareVersions(QStringView a, QStringView b);
 
 private:
     UpdateCheckResult resultOf(const FetchResult& fetched) const;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "simulated_world.h"
 
-#include "platform/machine.h"
+#include "platform/platform.h"
 #include "support/waiting.h"
 
 #include <QFileInfo>

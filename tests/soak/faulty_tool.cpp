@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "faulty_tool.h"
 
-#include "platform/machine.h"
 #include "platform/platform.h"
 
 #include <QFile>

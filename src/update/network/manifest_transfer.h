@@ -2,7 +2,6 @@
 #pragma once
 
 #include "update/manifest_fetcher.h"
-#include "update/update_service_options.h"
 
 #include <QByteArray>
 #include <QNetworkReply>

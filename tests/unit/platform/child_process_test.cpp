@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/cancellation_token.h"
 #include "platform/child_process.h"
-#include "platform/child_reaper.h"
 #include "support/printing.h"
 #include "support/shell.h"
 #include "support/waiting.h"

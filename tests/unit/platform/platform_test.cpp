@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/platform.h"
 #include "support/printing.h"
+#include "support/shell.h"
 
 #include <QSysInfo>
 
@@ -69,6 +70,12 @@ TEST(LinuxPlatform, PolicyKitGetsTheLineAsOneArgumentOfAShell) {
 
 TEST(HostPlatform, IsTheOneOfThisSystem) {
     EXPECT_EQ(hostPlatform().systemName, QSysInfo::kernelType());
+}
+
+TEST(MachineHardwareName, IsWhatTheSystemsOwnToolSays) {
+    const QString expected = QString::fromUtf8(test::outputOf(test::shell("uname -m"))).trimmed();
+    ASSERT_FALSE(expected.isEmpty());
+    EXPECT_EQ(machineHardwareName(), expected);
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "update/update_service.h"
+#include "update/compare_versions.h"
 
 #include <QStringList>
 
@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 int compared(const QString& a, const QString& b) {
-    return UpdateService::compareVersions(a, b);
+    return compareVersions(a, b);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "platform/spawn_support.h"
+#include "platform/pipe.h"
+
+#include "platform/system_calls.h"
 
 #include <cerrno>
 #include <fcntl.h>

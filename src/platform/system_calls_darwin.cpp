@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include "platform/spawn_support.h"
+#include "platform/system_calls.h"
 
 #include <fcntl.h>
+#include <pthread/qos.h>
 #include <unistd.h>
 
 namespace tarnwick {
 
-// There is no pipe2() here. A child that another thread starts before the ends are marked is safe
-// all the same: every child of ours closes by default what it is not given.
+// There is no pipe2() here. A child that another thread starts before the ends are marked does not
+// inherit them either: every child of ours closes by default what it is not given.
 bool openPipe(int (&ends)[2]) {
     if (pipe(ends) != 0)
         return false;
@@ -20,6 +21,14 @@ void closeInheritedDescriptors(posix_spawnattr_t&, posix_spawn_file_actions_t& a
                                short& flags) {
     flags = static_cast<short>(flags | POSIX_SPAWN_CLOEXEC_DEFAULT);
     posix_spawn_file_actions_addinherit_np(&actions, STDIN_FILENO);
+}
+
+void enterBackgroundQualityOfService() {
+    pthread_set_qos_class_self_np(QOS_CLASS_BACKGROUND, 0);
+}
+
+void enterUserInitiatedQualityOfService() {
+    pthread_set_qos_class_self_np(QOS_CLASS_USER_INITIATED, 0);
 }
 
 } // namespace tarnwick
