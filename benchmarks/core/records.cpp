@@ -11,12 +11,12 @@
 
 namespace {
 
-// Items are peers or profiles: the reports give the time of one.
+// Items are peers or profiles; the report shows the time per item.
 void countItems(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
-// A reader that gives up early would pass for a fast one.
+// A decoder that gives up early would look like a fast one.
 void requireAllItems(benchmark::State& state, qsizetype itemsRead) {
     if (itemsRead != state.range(0))
         state.SkipWithError("not all items were read");

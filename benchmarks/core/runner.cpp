@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// One run of a tool that does nothing, against the least that the system needs for it. Both look
-// for the child's end without a pause in between, so that they differ by their own work alone; the
-// time counted is CPU time, the child's included.
+// One run of a tool that does nothing, against a bare posix_spawn(). Both poll for the child's end
+// without a pause, so that they differ by their own work alone; the time counted is CPU time, the
+// child's included.
 #include "daemon/command_runner.h"
 #include "support/cpu_time.h"
 
@@ -39,7 +39,7 @@ pid_t spawnBare() {
     return posix_spawn(&pid, tool, nullptr, nullptr, arguments, environ) == 0 ? pid : -1;
 }
 
-// Without a child, waiting for it is over at once.
+// Without a child, waiting for it returns at once.
 void requireChild(benchmark::State& state) {
     const pid_t pid = spawnBare();
     int status = -1;
@@ -58,7 +58,7 @@ void spawnAndLook(benchmark::State& state) {
     }
 }
 
-// Without even looking: what a run costs on a machine where nobody polls.
+// Without polling: the least that a run costs.
 void spawnAndSleep(benchmark::State& state) {
     requireChild(state);
     for ([[maybe_unused]] auto _ : state) {

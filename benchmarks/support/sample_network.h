@@ -7,7 +7,7 @@
 namespace tarnwick::bench {
 
 /// A status document as a daemon prints it, with many members that the client does not read and
-/// its peers in no order.
+/// its peers unsorted.
 QByteArray statusDocument(int peers);
 
 /// The table of that many profiles.

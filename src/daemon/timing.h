@@ -15,7 +15,8 @@ struct Timing {
     Milliseconds commandTimeout{12000};
     Milliseconds loginTimeout{30000};
     Milliseconds probeTimeout{5000}; ///< Limit of the question whether the daemon is alive.
-    Milliseconds pollStep{500};      ///< How often a running child is looked at.
+    Milliseconds pollStep{500};      ///< How often a running child is checked: it costs two
+                                     ///< wake-ups a second, and an answer half a second at most.
 
     Milliseconds switchPause{800};       ///< From switching the profile to bringing it up.
     Milliseconds daemonStartPause{3000}; ///< Lets a started daemon open its socket.

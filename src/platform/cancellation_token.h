@@ -8,8 +8,8 @@ namespace tarnwick {
 
 /// A one-way switch that ends waits early, so that leaving the program waits for nobody.
 ///
-/// Copies share the switch. Every operation may be called from any thread. Should the system be
-/// out of descriptors, waits simply take their full time.
+/// Copies share the switch. Any thread may call any operation. When the system is out of
+/// descriptors, waits take their full time.
 class CancellationToken {
 public:
     CancellationToken();
@@ -19,10 +19,10 @@ public:
 
     bool isCancelled() const;
 
-    /// Sleeps for `duration`, or until it is cancelled; returns whether it was.
+    /// Sleeps for `duration` or until cancelled; returns whether it was cancelled.
     bool waitFor(std::chrono::milliseconds duration) const;
 
-    /// Becomes readable when it is cancelled; for use with poll(). -1 when there is none.
+    /// Becomes readable on cancellation, for use with poll(); -1 when there is none.
     int descriptor() const;
 
 private:

@@ -23,11 +23,11 @@ namespace tarnwick {
 
 namespace {
 
-// More than any tool prints; only a grandchild that floods the pipe after the tool has ended gets
-// here, and it must not fill the memory.
+// Only a grandchild that floods the pipe after the tool has ended reaches this; it must not exhaust
+// the memory.
 constexpr qsizetype outputLimit = qsizetype(16) * 1024 * 1024;
 
-/// What posix_spawn() is told besides the program: streams, signals, descriptors.
+/// The settings of posix_spawn() besides the program: streams, signals, descriptors.
 class SpawnSettings {
 public:
     explicit SpawnSettings(int outputEnd) {
@@ -61,8 +61,8 @@ private:
         posix_spawn_file_actions_adddup2(&actions_, STDOUT_FILENO, STDERR_FILENO);
     }
 
-    // A child keeps its parent's blocked and ignored signals: without this, a SIGPIPE that we
-    // ignore, or a SIGTERM that we block, would be ignored or blocked in the tool.
+    // A child inherits blocked and ignored signals: a SIGPIPE that we ignore, or a SIGTERM that we
+    // block, would be ignored or blocked in the tool.
     void resetSignals() {
         sigset_t none;
         sigemptyset(&none);
@@ -159,7 +159,7 @@ bool ChildProcess::isRunning() {
     if (reaped == 0)
         return true;
     if (reaped < 0)
-        status_ = -1; // somebody else reaped it: how it ended is not known
+        status_ = -1; // reaped elsewhere: how it ended is unknown
     pid_ = -1;
     return false;
 }

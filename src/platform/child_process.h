@@ -20,7 +20,7 @@ class CancellationToken;
 /// The child gets this process's standard input and environment with `BROWSER` set to "echo"
 /// (a tool that wants to open a log-in page prints its address instead), default signal handling,
 /// and no other descriptor of ours. Destroying the owner closes the pipe; it neither kills nor
-/// waits: whoever leaves a child running hands its `release()`d id to a ChildReaper.
+/// waits. A caller that leaves a child running passes its `release()`d id to a ChildReaper.
 ///
 /// Not thread-safe: one object is used by one thread at a time.
 class ChildProcess {
@@ -46,23 +46,23 @@ public:
     /// Whether the child has not ended yet. Never blocks; reaps a child that has.
     bool isRunning();
 
-    /// Looks every `step` whether the child has ended; false when it still runs at `deadline` or
-    /// when `cancellation` is requested first.
+    /// Checks every `step` whether the child has ended; false when it still runs at `deadline` or
+    /// on `cancellation`. Polls, because waitpid() has no timeout, SIGCHLD is shared by the whole
+    /// process and a pidfd exists on Linux alone.
     bool waitForEnd(QDeadlineTimer deadline, std::chrono::milliseconds step,
                     const CancellationToken& cancellation);
 
     /// Whether the child has ended by itself with status 0.
     bool hasSucceeded() const;
 
-    /// Asks the child to end; it may refuse or take its time.
+    /// Sends SIGTERM, which the child may ignore.
     void terminate() const;
 
-    /// Reads the output to end of file. Returns what there was when `deadline` passes or
-    /// `cancellation` is requested first: a grandchild may hold the pipe open for as long as it
-    /// likes.
+    /// Reads the output to end of file, or until `deadline` or `cancellation`: a grandchild may
+    /// hold the pipe open indefinitely. Returns what was read by then.
     QByteArray readOutput(QDeadlineTimer deadline, const CancellationToken& cancellation) const;
 
-    /// Gives up the child: returns its id when it still has to be reaped.
+    /// Gives up ownership; returns the child's id when it still has to be reaped.
     std::optional<pid_t> release();
 
 private:
@@ -74,7 +74,7 @@ private:
     int pipe_ = -1;
 };
 
-/// Collects children that nobody waits for any more, so that they do not stay as zombies.
+/// Collects children that were left running, so that they do not stay as zombies.
 ///
 /// Not thread-safe: one object is used by one thread at a time.
 class ChildReaper {

@@ -26,8 +26,7 @@ RestartSec=10
 WantedBy=multi-user.target
 )";
 
-// The desktop's own agent asks for the password; the textual one would wait for a terminal that
-// the client does not have.
+// Without the textual agent, which would wait for a terminal that the client does not have.
 CommandLine authoriseWithPolicyKit(const QString& shellLine) {
     return {QStringLiteral("/usr/bin/pkexec"),
             {QStringLiteral("--disable-internal-agent"), QStringLiteral("/bin/sh"),

@@ -42,8 +42,8 @@ constexpr auto launchdJob = R"(<?xml version="1.0" encoding="UTF-8"?>
 </plist>
 )";
 
-// AppleScript takes the shell line as one of its string literals. Only double quotes are escaped:
-// a backslash in the line means to AppleScript what it says.
+// The shell line becomes an AppleScript string literal. Only double quotes are escaped: a backslash
+// in the line keeps its meaning in AppleScript.
 CommandLine authoriseWithAppleScript(const QString& shellLine) {
     QString escaped = shellLine;
     escaped.replace(QLatin1Char('"'), QStringLiteral("\\\""));

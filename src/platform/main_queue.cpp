@@ -12,8 +12,8 @@ void postToMainQueue(std::function<void()> work) {
     auto* application = QCoreApplication::instance();
     if (application == nullptr)
         return;
-    // Qt keeps what is posted until the call that posts it returns, and by then the main thread may
-    // be done with it: the work is moved out, so that it is never this thread that destroys it.
+    // invokeMethod() holds a copy until it returns, when the main thread may have finished already:
+    // the work is moved out of it, so that the main thread is always the one that destroys it.
     const auto box = std::make_shared<std::function<void()>>(std::move(work));
     const auto unpack = [box] {
         const auto taken = std::exchange(*box, nullptr);

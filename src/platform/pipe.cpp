@@ -11,8 +11,8 @@ namespace tarnwick {
 
 namespace {
 
-// A process started with a standard stream closed gets that number for its next descriptor; a
-// pipe must not stand there, for the child's own streams would replace it.
+// In a process started with a standard stream closed, the next descriptor takes that number; in a
+// child, dup2() onto the standard streams would replace the pipe.
 int movedBeyondStandardStreams(int descriptor) {
     if (descriptor > STDERR_FILENO)
         return descriptor;

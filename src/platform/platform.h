@@ -8,10 +8,10 @@
 
 namespace tarnwick {
 
-/// One operating system as a value: what the rest of the client must know about it, as data.
+/// One operating system as a value: all that the rest of the client needs to know about it.
 ///
 /// Both systems' values exist on both, so that the tests on one cover the other. Paths are
-/// absolute unless their description says what they are appended to.
+/// absolute unless documented as appended to something.
 struct Platform {
     QString systemName;        ///< First half of the variant suffix: "darwin" or "linux".
     QStringList arm64Machines; ///< Machine names that mean a 64-bit ARM processor.

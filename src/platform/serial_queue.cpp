@@ -27,9 +27,8 @@ SerialQueue::~SerialQueue() {
     thread_->quit();
     if (thread_->wait(QDeadlineTimer(leavingTimeout)))
         return;
-    // Stuck in the kernel, on a dead network file system for instance. The process is about to
-    // end anyway, and destroying a running thread would abort it. Should it come back after all,
-    // it goes then.
+    // Stuck in the kernel, on a dead network file system for instance. Destroying a running thread
+    // would abort the process: it is left behind, and deletes itself should it ever finish.
     QThread* thread = thread_.release();
     QObject::connect(thread, &QThread::finished, context_.release(), &QObject::deleteLater);
     QObject::connect(thread, &QThread::finished, thread, &QObject::deleteLater);

@@ -11,11 +11,11 @@ class QThread;
 
 namespace tarnwick {
 
-/// One background thread that runs what it is given, one piece after another, in the order given.
+/// One background thread that runs its tasks one after another, in the order of async().
 ///
-/// The destructor waits for the piece that is running, but not for long: pieces that block end
-/// early on a CancellationToken, and one that does not is left behind rather than waited for.
-/// Pieces not yet begun may or may not run. async() may be called from any thread.
+/// The destructor waits half a second for the task that is running: one that blocks is expected to
+/// watch a CancellationToken, and one that does not is left behind. Tasks not yet begun may or may
+/// not run. async() may be called from any thread.
 class SerialQueue {
 public:
     /// `label` names the thread; `prepare`, when given, runs first on it.

@@ -3,7 +3,7 @@
 
 #include <spawn.h>
 
-// The few calls that the systems do not share; each system's are in a file of its own.
+// The few calls that differ by system, implemented in system_calls_linux.cpp and _darwin.cpp.
 
 namespace tarnwick {
 
@@ -14,10 +14,10 @@ bool openPipe(int (&ends)[2]);
 void closeInheritedDescriptors(posix_spawnattr_t& attributes, posix_spawn_file_actions_t& actions,
                                short& flags);
 
-/// Marks the calling thread's work as work that nobody waits for.
+/// Lets the system run the calling thread's work later: nobody waits for it.
 void enterBackgroundQualityOfService();
 
-/// Marks the calling thread's work as work that the user waits for.
+/// Lets the system run the calling thread's work sooner: the user waits for it.
 void enterUserInitiatedQualityOfService();
 
 } // namespace tarnwick

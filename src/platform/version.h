@@ -12,7 +12,7 @@ QString versionFromPropertyList(const QByteArray& propertyList);
 /// The version in the information dictionary of the bundle whose executables are in `bundleDir`.
 QString versionFromBundle(const QString& bundleDir);
 
-/// The version that this program was built as; `bundleDir` plays no part.
+/// The version that this program was built as; `bundleDir` is ignored.
 QString versionCompiledIn(const QString& bundleDir);
 
 } // namespace tarnwick

@@ -12,7 +12,7 @@
 
 namespace tarnwick {
 
-/// What an update check needs to know.
+/// The parameters of an update check.
 struct UpdateServiceOptions {
     QUrl manifestURL;                          ///< Where the manifest is published.
     QString installed;                         ///< The running version.
@@ -20,7 +20,7 @@ struct UpdateServiceOptions {
     qsizetype bodyLimit = 1 << 20;             ///< Bytes of the body after unpacking.
 };
 
-/// The body of a successful answer, or why there is none, for the user to read.
+/// Why there is no manifest, for the user to read.
 struct FetchFailure {
     QString reason;
 };
@@ -29,8 +29,8 @@ using FetchResult = std::variant<QByteArray, FetchFailure>;
 
 /// Fetches the manifest over the network. Main thread.
 ///
-/// What implements it is a module that is loaded by the first check: Qt's network library and all
-/// that it draws in weigh more than a megabyte, and most days nobody checks.
+/// Implemented in a module that the first check loads: Qt's network library and its dependencies
+/// take more than a megabyte, and most days nobody checks.
 class ManifestFetcher {
 public:
     using Completion = std::function<void(const FetchResult&)>;
@@ -38,17 +38,16 @@ public:
     ManifestFetcher() = default;
     ManifestFetcher(const ManifestFetcher&) = delete;
     ManifestFetcher& operator=(const ManifestFetcher&) = delete;
-    virtual ~ManifestFetcher() =
-        default; ///< Ends what still runs; its completions are never called.
+    virtual ~ManifestFetcher() = default; ///< Aborts all fetches without completion.
 
     /// Calls `completion` once, in a later turn of the event loop.
     virtual void fetch(const UpdateServiceOptions& options, Completion completion) = 0;
 };
 
-/// The fetcher, or why its module cannot be loaded, in the system's words.
+/// The fetcher, or the system's reason why its module cannot be loaded.
 std::variant<std::unique_ptr<ManifestFetcher>, FetchFailure> loadManifestFetcher();
 
 } // namespace tarnwick
 
-/// The module's one entry; the caller owns what it returns.
+/// The module's only entry point; the caller owns the result.
 extern "C" tarnwick::ManifestFetcher* tarnwickCreateManifestFetcher();

@@ -14,12 +14,12 @@ struct UpdateDialogButton {
     QString title;
     bool isDefault = false; ///< Return presses it.
     bool isCancel = false;  ///< Escape presses it.
-    QUrl opens = {};        ///< Web page to open once the dialog is gone; empty: none.
+    QUrl opens = {};        ///< Web page to open after the dialog has closed; empty: none.
 
     bool operator==(const UpdateDialogButton&) const = default;
 };
 
-/// What the update dialog shows, as a value. All texts are plain, whatever they look like.
+/// What the update dialog shows, as a value. All texts are plain text, never markup.
 struct UpdateDialog {
     QString messageText;
     QString informativeText;

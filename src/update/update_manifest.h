@@ -8,7 +8,7 @@
 
 namespace tarnwick {
 
-/// What the published manifest says, of which the client reads one member.
+/// The published manifest, of which the client reads one member.
 struct UpdateManifest {
     QString current; ///< Latest published version, exactly as it was written.
 

@@ -33,7 +33,7 @@ void UpdateService::check(Completion completion) {
             return fail(failure->reason, std::move(completion));
         fetcher_ = std::get<0>(std::move(loaded));
     }
-    // The completion may end the service.
+    // The completion may destroy the service.
     fetcher_->fetch(options_, [this, completion = std::move(completion)](
                                   const FetchResult& fetched) { completion(resultOf(fetched)); });
 }

@@ -19,7 +19,7 @@ public:
     using Completion = std::function<void(const UpdateCheckResult&)>;
 
     explicit UpdateService(UpdateServiceOptions options);
-    ~UpdateService(); ///< Ends the checks that still run; their completions are never called.
+    ~UpdateService(); ///< Aborts all checks without completion.
     UpdateService(const UpdateService&) = delete;
     UpdateService& operator=(const UpdateService&) = delete;
 
@@ -39,7 +39,7 @@ private:
 
     UpdateServiceOptions options_;
     std::unique_ptr<ManifestFetcher> fetcher_; ///< Made by the first check: it loads TLS.
-    QObject lifetime_;                         ///< What is left to do for it ends with the service.
+    QObject lifetime_;                         ///< Context of deferred calls, which end with it.
 };
 
 } // namespace tarnwick

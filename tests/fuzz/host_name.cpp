@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Any bytes as the device name that somebody types.
+// Any bytes as the device name that the user types.
 #include "model/host_name.h"
 
 #include "property.h"

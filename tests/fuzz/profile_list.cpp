@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Any bytes as the tool's answer to `switch --list`.
+// Any bytes as the tool's output of `switch --list`.
 #include "daemon/command_runner.h"
 #include "model/network_profile.h"
 #include "property.h"

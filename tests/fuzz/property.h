@@ -6,7 +6,7 @@
 
 namespace tarnwick::fuzz {
 
-/// Ends the run with a finding when something that always holds does not.
+/// Ends the run with a finding unless `holds`.
 inline void require(bool holds, const char* property) {
     if (holds)
         return;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Any bytes as what the settings hold of remembered details.
+// Any bytes as the remembered details in the settings.
 #include "byte_order_mark.h"
 #include "model/profile_details_store.h"
 #include "property.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Any bytes as the tool's answer to `status --json`.
+// Any bytes as the tool's output of `status --json`.
 #include "byte_order_mark.h"
 #include "model/code_point_order.h"
 #include "model/status_response.h"
@@ -23,7 +23,7 @@ int sign(int value) {
     return (value > 0) - (value < 0);
 }
 
-// A second, simpler account of the order; it knows only whole code points.
+// A second, simpler implementation of the order, over whole code points.
 bool agreesWithCodePoints(const QString& a, const QString& b) {
     if (!a.isValidUtf16() || !b.isValidUtf16())
         return true;

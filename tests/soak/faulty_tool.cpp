@@ -16,7 +16,7 @@ namespace {
 
 constexpr unsigned percentOfGoodAnswers = 80;
 
-// Those that last until the time limit are rare, or the test would take hours.
+// Faults that last until the time limit are rare, or the test would take hours.
 constexpr std::array<const char*, 10> quickFaults = {
     "error", "fail", "half",       "invalid", "nested",
     "crash", "slow", "grandchild", "missing", "not executable"};
@@ -52,7 +52,7 @@ QString fileName(const char* prefix) {
 } // namespace
 
 FaultyTool::FaultyTool(unsigned seed) : random_(seed) {
-    // The client looks for the daemon and takes the tool beside it.
+    // The client looks for the daemon and uses the tool beside it.
     write(qPrintable(fileName("tarnwick-daemon-")), "");
     answerWell(5);
 }

@@ -9,23 +9,23 @@
 
 namespace tarnwick::soak {
 
-/// The tool that the client runs, in a directory of its own, and what becomes of it at random.
+/// The tool that the client runs, in a directory of its own, with random faults.
 class FaultyTool {
 public:
     explicit FaultyTool(unsigned seed);
 
     QString directory() const { return directory_.path(); }
 
-    /// Chooses what the next run meets: most often a good answer, else one of the faults.
+    /// Chooses the behaviour of the next run: most often a good answer, else one of the faults.
     void disturb();
 
-    /// Answers well from now on, with a network of so many devices.
+    /// Prints a good answer from now on, with this many devices.
     void answerWell(int devices);
 
-    /// What it is up to now, for a report.
+    /// The current behaviour, for a report.
     const QByteArray& condition() const { return condition_; }
 
-    /// Whether it answers as it is now, be it late or with something left behind.
+    /// Whether the current behaviour prints an answer, be it late or with a grandchild left behind.
     bool answers() const;
 
     /// How many devices and profiles its answer has.

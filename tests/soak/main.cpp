@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// tarnwick_soak [REFRESHES [OPENINGS [SEED]]]: lives long and compares what it holds in the end
-// with what it held after the first hundred refreshes.
+// tarnwick_soak [REFRESHES [OPENINGS [SEED]]]: refreshes many times and compares what the process
+// holds in the end with what it held after the first hundred refreshes.
 #include "soak.h"
 
 #include <QApplication>
@@ -18,7 +18,7 @@ constexpr int settledAfter = 100;
 constexpr int reportEvery = 1000;
 constexpr long memorySlackKiB = 2048;
 
-// Hundreds of times: the platform plug-in without a screen cannot raise windows.
+// Repeated hundreds of times: the offscreen platform cannot raise windows.
 void logAllBut(QtMsgType, const QMessageLogContext&, const QString& message) {
     if (!message.contains(QLatin1StringView("does not support raise")))
         std::fprintf(stderr, "%s\n", qPrintable(message));
@@ -66,7 +66,7 @@ int main(int argc, char** argv) {
             settled = soak.usageAtRest();
         if (!soak.refresh()) {
             std::printf("refresh %d, %s\n", i, qPrintable(soak.account()));
-            return fail("the client does not know what the tool said");
+            return fail("the client does not show what the tool printed");
         }
         if ((i + 1) % reportEvery == 0) {
             std::printf("after %d: %ld KiB private\n", i + 1, ProcessUsage::now().privateKiB);

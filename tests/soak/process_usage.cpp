@@ -26,7 +26,7 @@ int childrenOfAllThreads() {
     return count;
 }
 
-// What it has written to. What it has only mapped, as libraries, counts as private or not by what
+// Dirty pages. Whether clean pages, such as those of libraries, count as private depends on what
 // else runs on this machine.
 long privateMemory() {
     std::ifstream rollup("/proc/self/smaps_rollup");

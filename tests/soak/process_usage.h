@@ -3,7 +3,7 @@
 
 namespace tarnwick::soak {
 
-/// What this process holds, as the kernel tells it.
+/// What this process holds, as the kernel reports it.
 struct ProcessUsage {
     int descriptors = 0;
     int threads = 0;

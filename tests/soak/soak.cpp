@@ -14,7 +14,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto patience = 60s;
+constexpr auto refreshTimeout = 60s; // far above any refresh
 
 // The event loop as it is in the program, deferred deletions included.
 void runEventLoopFor(std::chrono::milliseconds duration) {
@@ -25,11 +25,11 @@ void runEventLoopFor(std::chrono::milliseconds duration) {
 
 // The timer goes with the loop. A single shot stays until its time has come, and thousands of them
 // would count as the client's memory.
-void runPatiently(QEventLoop& loop) {
+void runWithTimeout(QEventLoop& loop) {
     QTimer limit;
     limit.setSingleShot(true);
     QObject::connect(&limit, &QTimer::timeout, &loop, &QEventLoop::quit);
-    limit.start(patience);
+    limit.start(refreshTimeout);
     loop.exec();
 }
 
@@ -61,7 +61,7 @@ Soak::Soak(unsigned seed) : tool_(seed) {
 
 Soak::~Soak() = default;
 
-// While it runs, the next one would be told that it is over.
+// A refresh requested while it runs would complete at once.
 bool Soak::awaitFirstRefresh() {
     bool isOver = false;
     QEventLoop loop;
@@ -69,7 +69,7 @@ bool Soak::awaitFirstRefresh() {
         isOver = true;
         loop.quit();
     });
-    runPatiently(loop);
+    runWithTimeout(loop);
     return isOver;
 }
 
@@ -80,7 +80,7 @@ bool Soak::refreshOnce() {
         isOver = true;
         loop.quit();
     });
-    runPatiently(loop);
+    runWithTimeout(loop);
     return isOver;
 }
 
@@ -93,8 +93,8 @@ bool Soak::showsAnswer() const {
            daemon_->profiles().size() == tool_.profiles();
 }
 
-// A good answer may be late on a busy machine, which then counts as none; what the client showed
-// before may not stay.
+// On a busy machine a good answer may be late, and then counts as none; what the client showed
+// before must not stay.
 bool Soak::showsAnswerOrNone() const {
     return (daemon_->profiles().isEmpty() || daemon_->profiles().size() == tool_.profiles()) &&
            (showsStopped() || daemon_->devices().size() == tool_.devices());
@@ -148,8 +148,8 @@ QString Soak::account() const {
         .arg(daemon_->profiles().size());
 }
 
-// Nothing gives a window the focus back here, so on a busy machine the panel may take a popover's
-// end for its own.
+// Without a window manager nothing returns the focus, so that on a busy machine closing a popover
+// may close the panel.
 bool Soak::openAndClose() {
     for (int attempt = 0; attempt < 5; ++attempt)
         if (openOnce())

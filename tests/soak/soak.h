@@ -18,17 +18,17 @@ public:
     explicit Soak(unsigned seed);
     ~Soak();
 
-    /// One refresh of whatever the tool is up to, and a good one after a bad one. False when the
-    /// client does not show what the tool said.
+    /// One refresh with a random fault or none, and a good one after a bad one. False when the
+    /// client does not show what the tool printed.
     bool refresh();
 
     /// Opens the panel and its popovers and closes them again; false when one does not open.
     bool openAndClose();
 
-    /// Once nothing is under way any more.
+    /// Measured when no refresh is running and all children have ended.
     ProcessUsage usageAtRest();
 
-    /// What the tool was up to and what the client makes of it, for a report.
+    /// What the tool did and what the client shows, for a report.
     QString account() const;
 
     /// How often the tool was in which condition.

@@ -21,7 +21,7 @@ void sleepForMilliseconds(unsigned duration) {
     usleep(duration * 1000);
 }
 
-// Whoever holds the pipe after the tool has ended.
+// A process that holds the pipe after the tool has ended.
 void leaveGrandchild() {
     if (fork() == 0) {
         sleepForMilliseconds(15);

@@ -13,7 +13,7 @@ namespace {
 constexpr int maximumRedirects = 20; // as browsers do
 constexpr int statusOk = 200;
 
-// Without a cache and without cookies: a check leaves nothing behind that the next would see.
+// Without a cache and without cookies: no check depends on an earlier one.
 QNetworkRequest requestFor(const QUrl& url) {
     QNetworkRequest request(url);
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
@@ -37,7 +37,7 @@ ManifestTransfer::ManifestTransfer(UpdateServiceOptions options,
     connect(reply_, &QNetworkReply::finished, this, &ManifestTransfer::replyFinished);
     connect(&deadline_, &QTimer::timeout, this, &ManifestTransfer::timeOut);
     deadline_.setSingleShot(true);
-    deadline_.setTimerType(Qt::PreciseTimer); // the others may be early
+    deadline_.setTimerType(Qt::PreciseTimer); // coarse timers may fire early
     deadline_.start(options_.timeLimit);
 }
 
@@ -58,8 +58,8 @@ void ManifestTransfer::timeOut() {
     reply_->abort();
 }
 
-// The completion may end the service, and with it the manager whose signal brought us here: it is
-// called in a later turn of the event loop.
+// The completion may destroy the service, and with it the manager whose signal is being delivered:
+// it is called in a later turn of the event loop.
 void ManifestTransfer::finish(const FetchResult& result) {
     deadline_.stop();
     reply_->disconnect(this);
@@ -78,8 +78,8 @@ FetchResult ManifestTransfer::resultOfReply() const {
     return body_;
 }
 
-// Qt reports a status that means failure as an error too, and so a redirect that it does not
-// follow: these count as answers. A connection that breaks is an error whatever the status was.
+// Qt also reports an error for a status of failure and for a redirect that it does not follow:
+// these are answers. A connection that breaks is an error whatever the status was.
 std::optional<QString> ManifestTransfer::transportFailure() const {
     const auto error = reply_->error();
     const QVariant status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute);
@@ -89,14 +89,14 @@ std::optional<QString> ManifestTransfer::transportFailure() const {
     const bool isAnswered = status.isValid() && status.toInt() != statusOk;
     if (isConnectionLost || (error != QNetworkReply::NoError && !isAnswered))
         return reply_->errorString();
-    // Qt takes a reset for the end of the body.
+    // Qt reports a reset connection as the end of the body.
     const QVariant length = reply_->header(QNetworkRequest::ContentLengthHeader);
     if (error == QNetworkReply::NoError && body_.size() < length.toLongLong())
         return u"Connection closed"_s;
     return std::nullopt;
 }
 
-// Why an answer is not worth reading.
+// The reason to refuse an answer: any status but 200.
 std::optional<QString> ManifestTransfer::refusal() const {
     const QVariant status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute);
     const int code = status.isValid() ? status.toInt() : -1;

@@ -36,7 +36,7 @@ private:
     ManifestFetcher::Completion completion_;
     QNetworkReply* reply_; ///< A child of this.
     QByteArray body_;
-    QTimer deadline_; ///< Runs from the request on, whatever arrives meanwhile.
+    QTimer deadline_; ///< Started with the request and never restarted.
 };
 
 } // namespace tarnwick

@@ -12,7 +12,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-// What becomes of descriptors: ours in a child, and the child's own standard streams.
+// Descriptors: which of ours a child inherits, and the child's own standard streams.
 
 namespace tarnwick {
 
@@ -23,7 +23,7 @@ using test::outputOf;
 using test::shell;
 
 QByteArrayList descriptorsInAChild() {
-    // The listing itself needs one more, which its own name gives away.
+    // ls itself opens one more, the directory that it lists.
     auto names = outputOf(shell("exec ls /proc/self/fd")).trimmed().split('\n');
     EXPECT_EQ(names.takeLast(), "3") << "the directory that ls reads";
     return names;
@@ -52,8 +52,8 @@ TEST(ChildProcessDescriptors, SilentChildWritesToTheNullDevice) {
     EXPECT_TRUE(child.hasSucceeded());
 }
 
-// Runs `check` in a copy of this process that has the given streams closed, as a program has that
-// a careless launcher started. Returns the copy's exit status: 0 when `check` held.
+// Runs `check` in a copy of this process that has the given streams closed, as a careless launcher
+// leaves them. Returns the copy's exit status: 0 when `check` held.
 int inAProcessWithout(const std::vector<int>& streams, bool (*check)()) {
     const pid_t copy = fork();
     if (copy == 0) {

@@ -157,7 +157,7 @@ TEST(ChildProcess, StopEndsWaitingAndReadingAtOnce) {
 TEST(ChildProcess, MovedFromOwnsNothing) {
     auto first = ChildProcess::start(shell("echo x"));
     auto second = std::move(first);
-    EXPECT_FALSE(first.isRunning()); // NOLINT(bugprone-use-after-move): that is what is tested
+    EXPECT_FALSE(first.isRunning()); // NOLINT(bugprone-use-after-move): tested here
     EXPECT_TRUE(second.waitForEnd(QDeadlineTimer(20s), 5ms, CancellationToken()));
     EXPECT_EQ(second.readOutput(QDeadlineTimer(20s), CancellationToken()), "x\n");
     EXPECT_FALSE(second.release()) << "it has been reaped already";

@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-// The job descriptions, read by the tools of others.
+// The job descriptions, parsed by other programs.
 
 namespace tarnwick {
 
@@ -106,8 +106,7 @@ TEST(SystemdUnit, MeansTheSameAsThePropertyList) {
     EXPECT_EQ(unitValue(u"WantedBy"_s), u"multi-user.target"_s) << "as RunAtLoad";
 }
 
-// systemd looks whether the program exists, so it reads the unit in a root of its own in which
-// it does.
+// systemd checks that the program exists, so it reads the unit in a root directory of its own.
 TEST(SystemdUnit, SystemdItselfFindsNoFault) {
     const auto analyze = u"/usr/bin/systemd-analyze"_s;
     if (!QFile::exists(analyze))

@@ -30,12 +30,12 @@ inline void PrintTo(const CheckError& result, std::ostream* out) {
 
 namespace tarnwick::test {
 
-/// A limit that only bounds a test that fails.
+/// A limit that only a failing test reaches.
 constexpr std::chrono::milliseconds generousLimit{20000};
 
 inline UpdateServiceOptions optionsFor(const QUrl& url, const QString& installed,
                                        std::chrono::milliseconds limit = generousLimit) {
-    // A proxy of the machine that runs the tests has no business between us and ourselves.
+    // Not through the proxy of the machine that runs the tests.
     QNetworkProxy::setApplicationProxy(QNetworkProxy(QNetworkProxy::NoProxy));
     return {.manifestURL = url, .installed = installed, .timeLimit = limit};
 }

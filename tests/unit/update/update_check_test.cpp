@@ -27,8 +27,8 @@ QString reasonOf(const UpdateCheckResult& result) {
     return error ? error->reason : QString();
 }
 
-/// The outcome of a check whose time runs out, but not before the server got as far as `reached`:
-/// a slow machine gets more time.
+/// The outcome of a check that times out after `reached` holds; on a slow machine the limit grows
+/// until it does.
 UpdateCheckResult resultOfTimeOut(const HttpServer& server, const std::function<bool()>& reached) {
     auto limit = 100ms;
     for (; limit < generousLimit; limit *= 2) {
@@ -160,7 +160,7 @@ TEST(UpdateCheck, HangAfterTheHeadersTimesOut) {
 }
 
 TEST(UpdateCheck, DripDoesNotOutliveTheTimeLimit) {
-    int drops = 0; // of more than would fall in a quarter of an hour
+    int drops = 0; // at this rate the body would take a quarter of an hour
     const HttpServer server([&drops](QTcpSocket& client, const QByteArray&) {
         client.write("HTTP/1.1 200 OK\r\nContent-Length: 100000\r\n\r\n");
         auto* tap = new QTimer(&client);

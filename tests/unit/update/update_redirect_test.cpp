@@ -82,8 +82,8 @@ TEST(UpdateRedirect, CircleEnds) {
     EXPECT_LE(server.requestCount(), 42);
 }
 
-// No single request takes the time limit, and the last redirect that is followed comes long after
-// it: only a limit for all of them together is met. A slow machine gets more time.
+// No single request takes the time limit, and the last redirect comes long after it: only a limit
+// for all of them together is reached. On a slow machine the limit grows.
 TEST(UpdateRedirect, TimeLimitIsOneForAllRedirects) {
     constexpr int pausesInLimit = 10;
     int requests = 0;

@@ -14,7 +14,7 @@ namespace {
 
 const QByteArray newer = HttpServer::answer("200 OK", R"({"current": "1.5.0"})");
 
-/// The longest time that the event loop left a timer waiting which is always due.
+/// The longest time between two timeouts of a timer that is always due.
 class LongestPause {
 public:
     LongestPause() {
@@ -96,7 +96,7 @@ TEST(UpdateService, TenChecksAtOnceEachGetTheirResult) {
     EXPECT_TRUE(waitUntil([&versions] { return versions.size() == 10; }));
 }
 
-// One good round of several is enough: a pause that the machine makes is not the client's.
+// One good round of several is enough: other pauses are those of a loaded machine.
 TEST(UpdateService, TenChecksAtOnceNeverBlockTheEventLoopFor50Milliseconds) {
     const HttpServer server([](QTcpSocket& client, const QByteArray&) {
         QTimer::singleShot(100ms, &client, [&client] {

@@ -30,7 +30,7 @@ TEST(UpdateTls, SelfSignedCertificateGivesThePlatformsText) {
     const auto* error = std::get_if<CheckError>(&result);
     ASSERT_TRUE(error);
     EXPECT_TRUE(error->reason.contains(platformsText)) << error->reason.toStdString();
-    EXPECT_EQ(server.requestCount(), 0); // nothing was asked of a server that is not who it says
+    EXPECT_EQ(server.requestCount(), 0); // nothing was sent to an untrusted server
 }
 
 TEST(UpdateTls, ServerThatSpeaksNoTlsGivesThePlatformsText) {
