@@ -4,7 +4,6 @@
 #include "core/names.h"
 
 #include <QDateTime>
-#include <QTimeZone>
 
 namespace tarnwick::simulator {
 
@@ -13,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QString timeText(std::chrono::milliseconds sinceEpoch) {
-    return QDateTime::fromMSecsSinceEpoch(sinceEpoch.count(), Qt::UTC).toString(Qt::ISODateWithMs);
+    return QDateTime::fromMSecsSinceEpoch(sinceEpoch.count()).toUTC().toString(Qt::ISODateWithMs);
 }
 
 qint64 userId(const Network& network, const QString& login) {
