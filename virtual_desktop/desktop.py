@@ -4,6 +4,7 @@
 import os
 import pathlib
 import shutil
+import signal
 import tempfile
 import time
 
