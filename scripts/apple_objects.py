@@ -29,15 +29,15 @@ PROCESSORS = {"arm64": 0x0100000C, "x86_64": 0x01000007}
 def sources(root):
     """Every C++ source that a Mac has to compile, relative to the root.
 
-    A file for Linux only is listed above, or says so in its name and has a counterpart for macOS
-    beside it.
+    A file for Linux only is listed above, or says so in its name: then it has a counterpart for
+    macOS beside it, unless its header is for Linux only too.
     """
     found = set()
     for folder in FOLDERS:
         for path in (root / folder).rglob("*.cpp"):
             if path.stem.endswith("_linux"):
                 twin = path.with_name(path.name.replace("_linux.cpp", "_darwin.cpp"))
-                if not twin.exists():
+                if not twin.exists() and not path.with_suffix(".h").exists():
                     raise SystemExit(f"check-apple: {path} has no counterpart {twin.name}")
                 continue
             found.add(path.relative_to(root).as_posix())

@@ -8,6 +8,7 @@
 #include "desktop/qt_platform_choice.h"
 #include "desktop/session_paths.h"
 #include "desktop/single_instance_channel.h"
+#include "desktop/unresponsive_bus.h"
 #include "platform/version.h"
 
 #include <QApplication>
@@ -39,6 +40,7 @@ int runApplication(int argc, char** argv) {
     const InstanceLock lock(paths.lock);
     if (lock.state() == InstanceLock::State::HeldByOther)
         return runSecondLaunch(argc, argv, paths.socket);
+    spareQtAnUnresponsiveBus(argc, argv);
 
     // Given as arguments and not in the environment, which the programs that we start inherit.
     QByteArray option("-platform");

@@ -6,6 +6,7 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstddef>
 #include <cstring>
 #include <fcntl.h>
 #include <sys/socket.h>
@@ -20,19 +21,25 @@ namespace {
 
 constexpr int backlog = 16;
 
-// Empty when the path is too long for the system.
-std::optional<sockaddr_un> addressOf(const QString& path) {
-    const QByteArray name = QFile::encodeName(path);
-    sockaddr_un address = {};
-    if (static_cast<std::size_t>(name.size()) >= sizeof(address.sun_path))
-        return std::nullopt;
-    address.sun_family = AF_UNIX;
-    std::memcpy(address.sun_path, name.constData(), static_cast<std::size_t>(name.size()));
-    return address;
-}
+struct Address {
+    sockaddr_un value = {};
+    socklen_t size = sizeof(sockaddr_un);
 
-const sockaddr* generic(const sockaddr_un& address) {
-    return reinterpret_cast<const sockaddr*>(&address);
+    const sockaddr* generic() const { return reinterpret_cast<const sockaddr*>(&value); }
+};
+
+// Empty when the path is too long for the system.
+std::optional<Address> addressOf(const QString& path) {
+    const QByteArray name = QFile::encodeName(path);
+    Address address;
+    if (static_cast<std::size_t>(name.size()) >= sizeof(address.value.sun_path))
+        return std::nullopt;
+    address.value.sun_family = AF_UNIX;
+    std::memcpy(address.value.sun_path, name.constData(), static_cast<std::size_t>(name.size()));
+    if (name.startsWith('\0')) // no file, and every character counts
+        address.size = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path)) +
+                       static_cast<socklen_t>(name.size());
+    return address;
 }
 
 } // namespace
@@ -63,10 +70,10 @@ LocalSocket LocalSocket::listeningAt(const QString& path) {
     if (!address)
         return {};
     LocalSocket socket(::socket(AF_UNIX, SOCK_STREAM, 0));
-    unlink(address->sun_path);
+    unlink(address->value.sun_path);
     // Nobody can connect before it listens.
-    if (bind(socket.descriptor_, generic(*address), sizeof(*address)) != 0 ||
-        chmod(address->sun_path, S_IRUSR | S_IWUSR) != 0 ||
+    if (bind(socket.descriptor_, address->generic(), address->size) != 0 ||
+        chmod(address->value.sun_path, S_IRUSR | S_IWUSR) != 0 ||
         listen(socket.descriptor_, backlog) != 0)
         return {};
     return socket;
@@ -77,7 +84,7 @@ LocalSocket LocalSocket::connectedTo(const QString& path) {
     if (!address)
         return {};
     LocalSocket socket(::socket(AF_UNIX, SOCK_STREAM, 0));
-    if (connect(socket.descriptor_, generic(*address), sizeof(*address)) != 0)
+    if (connect(socket.descriptor_, address->generic(), address->size) != 0)
         return {};
     return socket;
 }

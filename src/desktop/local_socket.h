@@ -23,6 +23,8 @@ public:
 
     /// Listens at `path`, in place of whatever lies there; only its user can connect.
     static LocalSocket listeningAt(const QString& path);
+
+    /// A path that begins with a zero is a name in Linux's abstract namespace.
     static LocalSocket connectedTo(const QString& path);
 
     /// The next caller; none when nobody waits, or no descriptor is left.

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "desktop/message_bus_linux.h"
 #include "desktop/status_area.h"
 #include "desktop/status_notifier_watcher.h"
 #include "desktop/x11_tray.h"
@@ -7,20 +8,32 @@ namespace tarnwick {
 
 class StatusArea::Watch {
 public:
-    explicit Watch(StatusArea& area) : hosts_(QDBusConnection::sessionBus()) {
-        // A desktop that has both shows the older kind only for old programs.
-        QObject::connect(&hosts_, &StatusNotifierWatcher::answered, &area, [this, &area](bool has) {
-            if (has || tray_.exists())
-                Q_EMIT area.appeared();
+    explicit Watch(StatusArea& area) : area_(area), bus_(MessageBus::sessionAddress()) {
+        QObject::connect(&bus_, &MessageBus::connected, &area, [this] { askForHosts(); });
+        QObject::connect(&bus_, &MessageBus::unavailable, &area, [this] {
+            hosts_.reset();
+            if (tray_.exists())
+                Q_EMIT area_.appeared();
         });
         // Later: whoever is ahead of us with the same event has to see it first.
         QObject::connect(&tray_, &X11Tray::appeared, &area, &StatusArea::appeared,
                          Qt::QueuedConnection);
-        hosts_.ask();
     }
 
 private:
-    StatusNotifierWatcher hosts_;
+    void askForHosts() {
+        hosts_ = std::make_unique<StatusNotifierWatcher>(bus_.connection());
+        // A desktop that has both shows the older kind only for old programs.
+        QObject::connect(hosts_.get(), &StatusNotifierWatcher::answered, &area_, [this](bool has) {
+            if (has || tray_.exists())
+                Q_EMIT area_.appeared();
+        });
+        hosts_->ask();
+    }
+
+    StatusArea& area_;
+    MessageBus bus_;
+    std::unique_ptr<StatusNotifierWatcher> hosts_; ///< Null while there is no bus.
     X11Tray tray_;
 };
 

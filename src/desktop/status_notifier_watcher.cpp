@@ -25,12 +25,6 @@ StatusNotifierWatcher::StatusNotifierWatcher(const QDBusConnection& sessionBus)
 }
 
 void StatusNotifierWatcher::ask() {
-    // A call on a connection that is not connected never finishes.
-    if (!connection().isConnected()) {
-        QMetaObject::invokeMethod(
-            this, [this] { Q_EMIT answered(false); }, Qt::QueuedConnection);
-        return;
-    }
     QDBusMessage question = QDBusMessage::createMethodCall(
         service(), path(), u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
     question << QString::fromLatin1(interfaceName) << u"IsStatusNotifierHostRegistered"_s;

@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 """The icon comes with whatever status area there is, whenever that comes."""
 
+import socket
 import time
 import unittest
 
@@ -60,9 +61,21 @@ class XTray(unittest.TestCase):
 
     def test_it_comes_when_nobody_answers_at_the_session_buss_address(self):
         with Desktop(tray="top", session_bus=False) as desktop:
-            socket = desktop.runtime / "nobody"
-            desktop.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={socket}"
+            path = desktop.runtime / "nobody"
+            desktop.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={path}"
             desktop.wait_for_icon(desktop.start_client())
+
+    def test_it_comes_when_the_session_bus_says_nothing(self):
+        with Desktop(tray="top", session_bus=False) as desktop:
+            path = desktop.runtime / "mute"
+            with socket.socket(socket.AF_UNIX) as mute:
+                mute.bind(str(path))
+                mute.listen()
+                desktop.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={path}"
+                client = desktop.start_client()
+                icon = desktop.wait_for_icon(client, seconds=15.0)  # a call's limit is 25
+                desktop.click(icon.center)
+                desktop.wait_for_panel(client, seconds=10.0)
 
     def test_it_comes_when_the_session_bus_dies_first(self):
         with Desktop() as desktop:

@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 """Waking from sleep, and state changes that must not be in the user's way."""
 
+import socket
 import time
 import unittest
 
@@ -26,6 +27,13 @@ class SleepMonitor:
                             "org.freedesktop.DBus", "RequestName",
                             GLib.Variant("(su)", (LOGIN, 0)), None, Gio.DBusCallFlags.NONE, 5000,
                             None)
+
+    def has_listener(self):
+        """Whether anybody else is on the bus: the client is there for this alone."""
+        names = self._bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                    "org.freedesktop.DBus", "ListNames", None, None,
+                                    Gio.DBusCallFlags.NONE, 5000, None).unpack()[0]
+        return set(names) - {self._bus.get_unique_name(), LOGIN, "org.freedesktop.DBus"}
 
     def announce(self, sleeping):
         self._bus.emit_signal(None, "/org/freedesktop/login1", f"{LOGIN}.Manager",
@@ -64,6 +72,10 @@ class WakeUp(Stub):
         self.desktop.wait_for_icon(client)
         manager = manager or SleepMonitor(address)
         self.addCleanup(manager.close)
+        self.check_announcements(manager)
+
+    def check_announcements(self, manager):
+        wait_until(manager.has_listener, "the client to listen")
         # Just after a poll, the next is almost five seconds away.
         self.wait_for_next_status()
         time.sleep(0.7)
@@ -78,6 +90,25 @@ class WakeUp(Stub):
 
     def test_also_with_a_log_in_manager_that_comes_later(self):
         self.check(start_manager_first=False)
+
+    def test_also_with_a_system_bus_that_comes_later_or_comes_back(self):
+        self.desktop.stop_bus("system")
+        client = self.desktop.start_client(program=self.program)
+        self.desktop.wait_for_icon(client)
+        for _ in range(2):
+            manager = SleepMonitor(self.desktop.start_bus("system"))
+            self.check_announcements(manager)
+            self.desktop.stop_bus("system")
+
+    def test_a_system_bus_that_says_nothing_holds_nobody_up(self):
+        self.desktop.stop_bus("system")
+        with socket.socket(socket.AF_UNIX) as mute:
+            mute.bind(str(self.desktop.runtime / "system-bus"))
+            mute.listen()
+            client = self.desktop.start_client(program=self.program)
+            icon = self.desktop.wait_for_icon(client, seconds=10.0)
+            self.desktop.click(icon.center)
+            self.desktop.wait_for_panel(client, seconds=10.0)
 
 
 class NeverInTheWay(Stub):

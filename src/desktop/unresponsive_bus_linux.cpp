@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/message_bus_linux.h"
+#include "desktop/unresponsive_bus.h"
+
+#include <QCoreApplication>
+
+namespace tarnwick {
+
+namespace {
+
+constexpr const char* addressVariable = "DBUS_SESSION_BUS_ADDRESS";
+
+// A bus that is only just being started may need a second or two.
+constexpr std::chrono::seconds timeout{3};
+
+} // namespace
+
+// The library keeps the address that it reads from the environment when it is first used, and Qt
+// the connection that it tries then. Children shall see the true one.
+void spareQtAnUnresponsiveBus(int argc, char** argv) {
+    if (!MessageBus::isUnresponsive(MessageBus::sessionAddress(), timeout))
+        return;
+    const QCoreApplication application(argc, argv);
+    const QByteArray address = qgetenv(addressVariable);
+    qputenv(addressVariable, "disabled:");
+    QDBusConnection::sessionBus();
+    if (address.isEmpty())
+        qunsetenv(addressVariable);
+    else
+        qputenv(addressVariable, address);
+}
+
+} // namespace tarnwick
