@@ -18,7 +18,7 @@ BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus
 <busconfig>
   <type>session</type>
   <listen>unix:path={socket}</listen>
-  <servicedir>/usr/share/dbus-1/services</servicedir>
+  {services}
   <policy context="default">
     <allow send_destination="*" eavesdrop="true"/>
     <allow eavesdrop="true"/>
@@ -26,6 +26,7 @@ BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus
   </policy>
 </busconfig>
 """
+SERVICES = "<servicedir>/usr/share/dbus-1/services</servicedir>"
 
 PANEL_WIDTH = 300
 
@@ -39,16 +40,19 @@ def bin_dir():
 class Desktop(Screen):
     """An X display with a window manager, two buses and, if asked for, a tray at an edge."""
 
-    def __init__(self, size="1280x800", tray=None, session_bus=True, environment=None):
+    def __init__(self, size="1280x800", tray=None, session_bus=True, accessibility=True,
+                 environment=None):
+        """Without `accessibility` programs serve no assistive technology, and no service is started
+        for one that asks for it: what a program costs is then the same on every machine."""
         # Not TMPDIR, which may be too long for the path of a socket.
         super().__init__(pathlib.Path(tempfile.mkdtemp(prefix="tw-desktop-", dir="/tmp")), {})
         self.home = self._make_directory("home")
         self.runtime = self._make_directory("run")
         self.processes = []
-        self.tray = None
+        self.tray = self.tray_window = None
         self._buses = {}
         self._size, self._tray_edge = size, tray
-        self._has_session_bus = session_bus
+        self._has_session_bus, self._is_accessible = session_bus, accessibility
         self.environment.update(self._base_environment(), **(environment or {}))
 
     def _make_directory(self, name):
@@ -60,8 +64,10 @@ class Desktop(Screen):
         kept = {name: os.environ[name] for name in ("PATH", "LD_LIBRARY_PATH", "ASAN_OPTIONS",
                                                     "LSAN_OPTIONS", "UBSAN_OPTIONS")
                 if name in os.environ}
+        if self._is_accessible:
+            kept["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
         return {"LANG": "C.UTF-8", "HOME": str(self.home), "XDG_RUNTIME_DIR": str(self.runtime),
-                "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", **kept}
+                **kept}
 
     def __enter__(self):
         try:
@@ -102,10 +108,12 @@ class Desktop(Screen):
         """Starts a private message bus and returns its address."""
         socket = self.runtime / f"{name}-bus"
         configuration = self.directory / f"{name}-bus.conf"
-        configuration.write_text(BUS_CONFIGURATION.format(socket=socket), encoding="utf-8")
+        services = SERVICES if self._is_accessible else ""
+        configuration.write_text(BUS_CONFIGURATION.format(socket=socket, services=services),
+                                 encoding="utf-8")
         self._buses[name] = self.start("dbus-daemon", f"--config-file={configuration}", "--nofork",
                                        "--nopidfile")
-        wait_until(socket.exists, f"the {name} bus")
+        wait_until(socket.exists, f"the {name} bus", describe=self._buses[name].output)
         return f"unix:path={socket}"
 
     def stop_bus(self, name):
@@ -156,8 +164,11 @@ class Desktop(Screen):
             "trayer", "--edge", edge, "--align", align, "--widthtype", "request", "--height",
             height, "--transparent", "true", "--alpha", 0, "--tint", tint, "--SetPartialStrut",
             "true", "--SetDockType", "true", "--expand", "true", "--monitor", screen)
-        wait_until(lambda: self.run("xdotool", "search", "--onlyvisible", "--name", "^panel$"),
-                   "the tray", describe=self.tray.output)
+
+        def windows():
+            return self.run("xdotool", "search", "--onlyvisible", "--name", "^panel$").split()
+
+        self.tray_window = wait_until(windows, "the tray", describe=self.tray.output)[0]
         return self.tray
 
     def stop_tray(self):

@@ -1,26 +1,31 @@
 # SPDX-License-Identifier: MIT
 """A child process with an owner."""
 
-import ctypes
 import pathlib
+import shutil
 import signal
 import subprocess
+import sys
 
-PARENT_DEATH_SIGNAL = 1  # PR_SET_PDEATHSIG
-
-
-def _die_with_parent():
-    ctypes.CDLL(None).prctl(PARENT_DEATH_SIGNAL, signal.SIGKILL)
+# No code of ours between fork and exec: with threads about, Python's may wait there for ever.
+BOUND = ("setpriv", "--pdeathsig", "KILL", "--")
 
 
 class Process(subprocess.Popen):
-    """A child whose output goes to a file and that does not outlive its parent."""
+    """A child whose output goes to a file and, on Linux, that does not outlive its parent."""
 
-    def __init__(self, line, log, **options):
+    def __init__(self, line, log, bound=True, **options):
+        """Not `bound`, it may outlive its parent, but not even an exec is added to what it costs."""
+        line = [str(part) for part in line]
+        path = (options.get("env") or {}).get("PATH")
+        if not shutil.which(line[0], path=path):
+            raise FileNotFoundError(f"{line[0]} is not installed")
         self.log = pathlib.Path(log)
         with open(self.log, "ab") as output:
-            super().__init__([str(part) for part in line], stdin=subprocess.DEVNULL, stdout=output,
-                             stderr=subprocess.STDOUT, preexec_fn=_die_with_parent, **options)
+            super().__init__([*(BOUND if bound and sys.platform == "linux" else ()), *line],
+                             stdin=subprocess.DEVNULL, stdout=output, stderr=subprocess.STDOUT,
+                             **options)
+        self.args = line
 
     def is_running(self):
         return self.poll() is None

@@ -10,11 +10,9 @@ import time
 
 import process_cost
 from figure import Figure
+from simulated_daemon import SimulatedDaemon, programs, quick_world
 from tray_watch import TrayWatch
-from virtual_desktop import VirtualDesktop, wait_for
-
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "tests/simulator"))
-from simulated_daemon import SimulatedDaemon, programs, quick_world  # noqa: E402
+from virtual_desktop import Desktop
 
 POLL_INTERVAL = 5.0
 SHELL_LOOP = 'while :; do "$0" --socket="$1" status --json >/dev/null 2>&1; sleep 5; done'
@@ -29,16 +27,15 @@ class ClientCost:
 
     def figures(self):
         self._refuse_beside_the_real_thing()
-        with VirtualDesktop() as desktop:
-            state_directory = desktop.home / ".tarnwick"
-            state_directory.mkdir()
+        with Desktop(tray="top", accessibility=False) as desktop:
+            desktop.user_socket.parent.mkdir()
             (desktop.home / "daemon").mkdir()
             with SimulatedDaemon(world=quick_world(), directory=desktop.home / "daemon") as daemon:
                 daemon.log_in("twkey-harbor-good")
                 daemon.wait_for(lambda status: status["BackendState"] == "Running")
-                (state_directory / "tarnwick.sock").symlink_to(daemon.socket)
+                desktop.user_socket.symlink_to(daemon.socket)
                 self._desktop, self._daemon = desktop, daemon
-                self._watch = TrayWatch(desktop.environment["DISPLAY"], desktop.tray)
+                self._watch = TrayWatch(desktop.environment["DISPLAY"], desktop.tray_window)
                 self._simulator = programs()
                 self._client, self._minimal = self._copies(desktop.home / "bin")
                 return self._memory_and_start() + self._polling()
@@ -75,11 +72,14 @@ class ClientCost:
                    1.25, f"{client['cpu'] * 1000:.1f} : {minimal['cpu'] * 1000:.1f} ms"),
         ]
 
+    def _start(self, *line):
+        return self._desktop.start(*line, bound=False)
+
     def _once(self, program, use):
         """Starts a program alone, measures it to its icon and at rest, and ends it."""
         self._watch.wait_for_none()
         self._daemon.clear_log()
-        process = self._desktop.start(program)
+        process = self._start(program)
         self._watch.wait_for_icon()
         result = {"cpu": process_cost.cpu_seconds(process.pid)}
         time.sleep(2.0)
@@ -89,7 +89,7 @@ class ClientCost:
         if use:
             self._open_and_close(process)
             result["pss_used"] = process_cost.pss_kib(process.pid)
-        self._desktop.end(process)
+        process.stop()
         return result
 
     def _polls_asked(self):
@@ -97,21 +97,21 @@ class ClientCost:
         return sum(entry["command"] == "status" for entry in self._daemon.log())
 
     def _open_and_close(self, process):
-        self._desktop.click_tray()
-        wait_for(lambda: self._desktop.windows_of(process), "the panel to open")
+        icon = self._desktop.wait_for_icon(process)
+        self._desktop.click(icon.center)
+        self._desktop.wait_for_panel(process)
         time.sleep(0.7)
-        self._desktop.click_tray()
-        wait_for(lambda: not self._desktop.windows_of(process), "the panel to close")
+        self._desktop.click(icon.center)
+        self._desktop.wait_for_no_panel(process)
         time.sleep(1.0)
 
     def _polling(self):
         """All at once: they share whatever else the machine does meanwhile."""
-        tool, socket = self._simulator[1], self._desktop.home / ".tarnwick/tarnwick.sock"
-        minimal = self._desktop.start(self._minimal)
-        client = self._desktop.start(self._client)
-        loop = self._desktop.start("sh", "-c", SHELL_LOOP, tool, socket)
-        bare = self._desktop.start(self._bin_dir / "bare_poll", tool, f"--socket={socket}",
-                                   "status", "--json")
+        tool, socket = self._simulator[1], self._desktop.user_socket
+        minimal, client = self._start(self._minimal), self._start(self._client)
+        loop = self._start("sh", "-c", SHELL_LOOP, tool, socket)
+        bare = self._start(self._bin_dir / "bare_poll", tool, f"--socket={socket}", "status",
+                           "--json")
         time.sleep(POLL_INTERVAL / 2)  # between the polls of all
         self._daemon.clear_log()
         before = {p.pid: process_cost.cpu_seconds(p.pid) for p in (client, loop, bare)}
@@ -126,7 +126,7 @@ class ClientCost:
             sys.exit(f"{asked} polls reached the daemon, not {self._polls} of each")
         used = {pid: process_cost.cpu_seconds(pid) - begin for pid, begin in before.items()}
         for process in (bare, loop, client, minimal):
-            self._desktop.end(process)
+            process.stop()
         a_poll, of_loop, at_least = (
             used[process.pid] / self._polls * 1000 for process in (client, loop, bare))
         per_minute = 60 / (self._polls * POLL_INTERVAL)

@@ -9,7 +9,7 @@ class Figure:
     name: str
     value: float
     unit: str
-    goal: float | None = None  # at most; None: told for information only
+    goal: float | None = None  # at most; None: for information only
     detail: str = ""
 
     @property

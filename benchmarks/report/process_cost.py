@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What a running process costs, as the kernel tells it."""
+"""What a running process costs, as the kernel reports it."""
 
 import pathlib
 import time

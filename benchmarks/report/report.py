@@ -7,13 +7,13 @@ import sys
 from client_cost import ClientCost
 from figure import print_table
 from programs import core_figures, panel_figures
-from virtual_desktop import VirtualDesktop
+from virtual_desktop import Desktop
 
 
 def main():
     bin_dir, quick = sys.argv[1], "--quick" in sys.argv
     figures = core_figures(f"{bin_dir}/tarnwick_benchmark_core", repetitions=5 if quick else 11)
-    with VirtualDesktop() as desktop:
+    with Desktop(tray="top", accessibility=False) as desktop:
         figures += panel_figures(f"{bin_dir}/tarnwick_benchmark_panel", desktop.environment,
                                  repetitions=5 if quick else 11)
     figures += ClientCost(bin_dir, runs=3 if quick else 7, polls=3 if quick else 12).figures()

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Tells, to the millisecond, when an icon is in the tray: the tray is as wide as its icons."""
+"""Notices within a millisecond that an icon is in the tray: the tray is as wide as its icons."""
 
 import ctypes
 import ctypes.util
@@ -22,15 +22,15 @@ class TrayWatch:
             root, x, y, width, height, border, depth)))
         return width.value
 
-    def wait_for_icon(self, patience=20.0):
-        self._wait(lambda: self.width() > IDLE_WIDTH, patience, "no icon in the tray")
+    def wait_for_icon(self, seconds=20.0):
+        self._wait(lambda: self.width() > IDLE_WIDTH, seconds, "no icon in the tray")
 
-    def wait_for_none(self, patience=20.0):
-        self._wait(lambda: self.width() <= IDLE_WIDTH, patience, "an icon stays in the tray")
+    def wait_for_none(self, seconds=20.0):
+        self._wait(lambda: self.width() <= IDLE_WIDTH, seconds, "an icon stays in the tray")
 
     @staticmethod
-    def _wait(condition, patience, problem):
-        end = time.monotonic() + patience
+    def _wait(condition, seconds, problem):
+        end = time.monotonic() + seconds
         while not condition():
             if time.monotonic() > end:
                 raise TimeoutError(problem)
