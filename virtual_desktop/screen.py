@@ -89,6 +89,14 @@ class Screen:
         self.run("import", "-window", "root", *crop, path, check=True)
         return pathlib.Path(path)
 
+    def pixels(self, picture, rect):
+        """The colours of a part of a picture, row by row."""
+        data = self.directory / "pixels.rgb"
+        self.run("convert", picture, "-crop", f"{rect.width}x{rect.height}+{rect.x}+{rect.y}",
+                 "-depth", 8, data, check=True)
+        values = data.read_bytes()
+        return [values[i:i + 3] for i in range(0, len(values), 3)]
+
     def brightness(self, rect):
         """Darkest and lightest grey in a part of the screen, from 0 to 1."""
         picture = self.screenshot(self.directory / "brightness.png", rect)
