@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/row_list.h"
 
-#include "ui/controls/reading_order.h"
+#include "ui/controls/content_column.h"
 
 #include <QEvent>
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "ui/panel/devices_submenu.h"
 
-#include "ui/panel/device_row.h"
-#include "ui/style/row_geometry.h"
 #include "ui/style/row_painting.h"
 
 #include <QPainter>
+#include <QStyle>
 
 #include <algorithm>
+#include <utility>
 
 namespace tarnwick {
 
@@ -15,8 +15,84 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int horizontalPadding = 16;
+constexpr int verticalPadding = 4;
+constexpr int gap = 8;
+constexpr int lineGap = 1;
+constexpr TextLook nameLook{TextStyle::Caption, TextWeight::Medium};
+constexpr TextLook addressLook{TextStyle::Caption2, TextWeight::Natural, TextDesign::Monospaced};
+constexpr TextLook osLook{TextStyle::Caption2};
+
 constexpr RowGeometry grid{.look = {TextStyle::Caption}, .verticalPadding = 8};
 
+} // namespace
+
+DeviceRow::DeviceRow(PanelContent::Device device, QWidget* parent)
+    : QWidget(parent), device_(std::move(device)),
+      name_(new ElidedLabel(nameLook, ThemeColor::Label, this)),
+      address_(new ElidedLabel(addressLook, ThemeColor::Secondary, this)),
+      os_(new ElidedLabel(osLook, ThemeColor::Secondary, this)) {
+    address_->setElideMode(Qt::ElideMiddle);
+    showDevice();
+}
+
+void DeviceRow::setDevice(const PanelContent::Device& device) {
+    if (device == device_)
+        return;
+    device_ = device;
+    showDevice();
+    placeTexts();
+    update();
+}
+
+void DeviceRow::showDevice() {
+    name_->setContent(device_.name);
+    address_->setContent(device_.address);
+    os_->setContent(device_.os);
+    // The dot's meaning, for who does not see it.
+    setAccessibleDescription(device_.isOnline ? u"Online"_s : u"Offline"_s);
+}
+
+QSize DeviceRow::sizeHint() const {
+    return {0, name_->sizeHint().height() + lineGap + address_->sizeHint().height() +
+                   2 * verticalPadding};
+}
+
+QRect DeviceRow::dotRect() const {
+    const QRect dot(horizontalPadding, (height() - dotSize) / 2, dotSize, dotSize);
+    return QStyle::visualRect(layoutDirection(), rect(), dot);
+}
+
+QColor DeviceRow::dotColor() const {
+    return device_.isOnline ? themeColor(ThemeColor::Green, palette()) : offlineDotColor();
+}
+
+void DeviceRow::placeTexts() {
+    const QRect inner = rect().adjusted(horizontalPadding + dotSize + gap, verticalPadding,
+                                        -horizontalPadding, -verticalPadding);
+    const int osWidth = std::min(os_->sizeHint().width(), inner.width() / 3);
+    const int textWidth = inner.width() - (osWidth > 0 ? osWidth + gap : 0);
+    const int nameHeight = name_->sizeHint().height();
+    const int addressHeight = address_->sizeHint().height();
+    const auto place = [this](QWidget* label, const QRect& where) {
+        label->setGeometry(QStyle::visualRect(layoutDirection(), rect(), where));
+    };
+    place(name_, {inner.left(), inner.top(), textWidth, nameHeight});
+    place(address_, {inner.left(), inner.top() + nameHeight + lineGap, textWidth, addressHeight});
+    place(os_, {inner.right() + 1 - osWidth, inner.top(), osWidth, inner.height()});
+}
+
+void DeviceRow::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    placeTexts();
+}
+
+void DeviceRow::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(dotColor());
+    painter.drawEllipse(dotRect());
 }
 
 DevicesSubmenu::DevicesSubmenu(QWidget* parent)

@@ -1,10 +1,49 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/controls/elided_label.h"
 #include "ui/controls/popover_row.h"
 #include "ui/panel/panel_content.h"
 
+#include <QWidget>
+
 namespace tarnwick {
+
+/// One device of the list: its dot, name, address and operating system. Only shows.
+class DeviceRow : public QWidget {
+    Q_OBJECT
+
+public:
+    static constexpr int dotSize = 8;
+
+    explicit DeviceRow(PanelContent::Device device, QWidget* parent = nullptr);
+
+    void setDevice(const PanelContent::Device& device);
+
+    QSize sizeHint() const override;
+
+    QRect dotRect() const;
+    QColor dotColor() const;
+
+    const ElidedLabel& name() const { return *name_; }
+
+    const ElidedLabel& address() const { return *address_; }
+
+    const ElidedLabel& os() const { return *os_; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void showDevice();
+    void placeTexts();
+
+    PanelContent::Device device_;
+    ElidedLabel* name_;
+    ElidedLabel* address_;
+    ElidedLabel* os_;
+};
 
 /// The panel's entry for the other devices of the network, which lists them in a popover.
 class DevicesSubmenu : public PopoverRow {

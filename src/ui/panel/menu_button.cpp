@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/panel/menu_button.h"
 
-#include "ui/style/row_geometry.h"
+#include "ui/style/row_painting.h"
 
 #include <QPainter>
 

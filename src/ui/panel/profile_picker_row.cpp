@@ -2,7 +2,7 @@
 #include "ui/panel/profile_picker_row.h"
 
 #include "ui/panel/profile_row.h"
-#include "ui/style/row_geometry.h"
+#include "ui/style/row_painting.h"
 
 #include <QPainter>
 

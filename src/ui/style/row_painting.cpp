@@ -2,19 +2,30 @@
 #include "ui/style/row_painting.h"
 
 #include "ui/style/colors.h"
+#include "ui/style/symbol.h"
 
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPalette>
 #include <QStyle>
+#include <QWidget>
+
+#include <algorithm>
 
 namespace tarnwick {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr double cornerRadius = 4;
+constexpr int chevronWidth = 5; // of its ink, so that it ends where the texts' column ends
 
+QRect mirrored(const QWidget& widget, const QRect& rect) {
+    return QStyle::visualRect(widget.layoutDirection(), widget.rect(), rect);
 }
+
+} // namespace
 
 int scaled(int size) {
     return qRound(size * userTextScale());
@@ -62,6 +73,48 @@ void paintFocusRing(QPainter& painter, const QRect& rect, const QPalette& palett
     const double edge = inset + width / 2;
     painter.drawRoundedRect(QRectF(rect).adjusted(edge, edge, -edge, -edge), cornerRadius,
                             cornerRadius);
+}
+
+int RowGeometry::rowHeight() const {
+    return std::max(lineHeight(look), symbolSize(look.style)) + 2 * verticalPadding;
+}
+
+QRect RowGeometry::symbolRect(const QRect& row) const {
+    return {row.left() + horizontalPadding, row.top(), symbolColumnWidth(), row.height()};
+}
+
+QRect RowGeometry::textRect(const QRect& row) const {
+    QRect text = row.adjusted(horizontalPadding, 0, -horizontalPadding, 0);
+    text.setLeft(text.left() + symbolColumnWidth() + gap);
+    return text;
+}
+
+QRect RowGeometry::textRectBeforeChevron(const QRect& row) const {
+    return textRect(row).adjusted(0, 0, -scaled(chevronWidth) - gap, 0);
+}
+
+QRect RowGeometry::chevronRect(const QRect& row) const {
+    const int width = scaled(chevronWidth);
+    return {row.right() + 1 - horizontalPadding - width, row.top(), width, row.height()};
+}
+
+void RowGeometry::paintSymbolAndTitle(QPainter& painter, const QWidget& widget,
+                                      const QString& symbol, const QString& title,
+                                      const QRect& titleRect) const {
+    const QColor color = themeColor(ThemeColor::Label, widget.palette());
+    paintSymbol(painter, mirrored(widget, symbolRect(widget.rect())), symbol,
+                symbolSize(look.style), color);
+    painter.setFont(look.font());
+    painter.setPen(color);
+    paintLine(painter, mirrored(widget, titleRect), title, Qt::ElideRight,
+              widget.layoutDirection());
+}
+
+void RowGeometry::paintChevron(QPainter& painter, const QWidget& widget) const {
+    paintDirectedSymbol(painter, mirrored(widget, chevronRect(widget.rect())), u"chevron.right"_s,
+                        scaledSize(TextStyle::Caption2),
+                        themeColor(ThemeColor::Secondary, widget.palette()),
+                        widget.layoutDirection());
 }
 
 } // namespace tarnwick

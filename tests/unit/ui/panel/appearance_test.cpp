@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "panel_on_screen.h"
-#include "ui/panel/header_view.h"
-#include "ui/panel/info_view.h"
+#include "ui/panel/panel_sections.h"
 
 #include <QScopeGuard>
 

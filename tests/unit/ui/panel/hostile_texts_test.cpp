@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "panel_on_screen.h"
 #include "ui/controls/display_text.h"
-#include "ui/panel/info_view.h"
+#include "ui/panel/panel_sections.h"
 
 #include <QLabel>
 

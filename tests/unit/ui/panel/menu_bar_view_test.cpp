@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "panel_on_screen.h"
-#include "ui/controls/divider.h"
-#include "ui/panel/error_view.h"
-#include "ui/panel/header_view.h"
-#include "ui/panel/info_view.h"
+#include "ui/controls/content_column.h"
 #include "ui/panel/menu_bar_view.h"
+#include "ui/panel/panel_sections.h"
 
 #include <QClipboard>
 

@@ -5,7 +5,6 @@
 #include "support/controller_world.h"
 #include "support/publishing.h"
 #include "support/waiting.h"
-#include "ui/panel/device_row.h"
 #include "ui/panel/devices_submenu.h"
 #include "ui/panel/menu_bar_view.h"
 #include "ui/panel/menu_button.h"

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#include "ui/panel/panel_sections.h"
+
+#include "ui/controls/selectable_label.h"
+#include "ui/style/row_painting.h"
+#include "ui/style/symbol.h"
+
+#include <QHBoxLayout>
+#include <QPainter>
+
+namespace tarnwick {
+
+namespace {
+
+constexpr TextLook valueLook{TextStyle::Caption, TextWeight::Natural, TextDesign::Monospaced};
+
+} // namespace
+
+SymbolView::SymbolView(TextStyle style, QWidget* parent) : QWidget(parent), style_(style) {
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void SymbolView::setSymbol(const QString& name, ThemeColor color) {
+    name_ = name;
+    color_ = color;
+    update();
+}
+
+QSize SymbolView::sizeHint() const {
+    return {symbolSize(style_), symbolSize(style_)};
+}
+
+void SymbolView::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    paintSymbol(painter, rect(), name_, symbolSize(style_), themeColor(color_, palette()));
+}
+
+HeaderView::HeaderView(QWidget* parent)
+    : QWidget(parent), symbol_(new SymbolView(TextStyle::Title2, this)),
+      title_(new ElidedLabel({TextStyle::Headline}, ThemeColor::Label, this)),
+      status_(new ElidedLabel({TextStyle::Caption}, ThemeColor::Secondary, this)) {
+    // The symbol is larger than those of the rows: half of what it is wider stands over its column
+    // on each side, so that its middle and the texts' edge are those of the rows.
+    const int overhang = (symbol_->sizeHint().width() - symbolColumnWidth()) / 2;
+    const int left = RowGeometry::horizontalPadding - overhang;
+    const int textLeft = RowGeometry::horizontalPadding + symbolColumnWidth() + RowGeometry::gap;
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(left, 12, left, 12); // equal, for layouts do not mirror margins
+    row->setSpacing(textLeft - left - symbol_->sizeHint().width());
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(2);
+    texts->addWidget(title_);
+    texts->addWidget(status_);
+    row->addWidget(symbol_);
+    row->addLayout(texts, 1);
+}
+
+void HeaderView::setContent(const PanelContent::Header& content) {
+    symbol_->setSymbol(content.symbol, content.color);
+    title_->setContent(content.title);
+    status_->setContent(content.status);
+    status_->setColor(content.color);
+}
+
+InfoView::InfoView(QWidget* parent) : QWidget(parent), column_(new QVBoxLayout(this)) {
+    column_->setContentsMargins(16, 10, 16, 10);
+    column_->setSpacing(6);
+}
+
+void InfoView::setContent(const PanelContent::Info& content) {
+    for (qsizetype i = 0; i < content.rows.size(); ++i) {
+        if (i == values_.size())
+            makeRow(content.rows[i]);
+        values_[i]->setContent(content.rows[i].value);
+    }
+}
+
+void InfoView::makeRow(const PanelContent::InfoRow& row) {
+    auto* label = new ElidedLabel({TextStyle::Caption}, ThemeColor::Secondary, this);
+    label->setContent(row.label);
+    label->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    StyledLabel* value = nullptr;
+    if (row.isSelectable)
+        value = new SelectableLabel(valueLook, this);
+    else
+        value = new ElidedLabel(valueLook, ThemeColor::Label, this);
+    auto* line = new QHBoxLayout;
+    line->setSpacing(8);
+    line->addWidget(label);
+    line->addStretch(1);
+    line->addWidget(value);
+    column_->addLayout(line);
+    values_.append(value);
+}
+
+ErrorView::ErrorView(QWidget* parent)
+    : QWidget(parent), text_(new WrappedLabel({TextStyle::Caption}, ThemeColor::Red, this)) {
+    auto* padded = new QVBoxLayout(this);
+    padded->setContentsMargins(16, 8, 16, 8);
+    padded->addWidget(text_);
+}
+
+void ErrorView::setContent(const PanelContent::Error& content) {
+    text_->setContent(content.text);
+}
+
+} // namespace tarnwick

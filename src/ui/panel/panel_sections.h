@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/controls/elided_label.h"
+#include "ui/controls/styled_label.h"
+#include "ui/controls/wrapped_label.h"
+#include "ui/panel/panel_content.h"
+#include "ui/style/colors.h"
+#include "ui/style/text_style.h"
+
+#include <QVBoxLayout>
+#include <QWidget>
+
+namespace tarnwick {
+
+/// A symbol in the panel's column of symbols. One larger than the column stands over on both
+/// sides, so that the middles of all symbols lie on one line.
+class SymbolView : public QWidget {
+    Q_OBJECT
+
+public:
+    SymbolView(TextStyle style, QWidget* parent);
+
+    void setSymbol(const QString& name, ThemeColor color);
+
+    const QString& name() const { return name_; }
+
+    ThemeColor color() const { return color_; }
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    TextStyle style_;
+    QString name_;
+    ThemeColor color_ = ThemeColor::Label;
+};
+
+/// The top of the panel: where this machine's connection stands.
+class HeaderView : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit HeaderView(QWidget* parent);
+
+    void setContent(const PanelContent::Header& content);
+
+    const SymbolView& symbol() const { return *symbol_; }
+
+    const ElidedLabel& status() const { return *status_; }
+
+private:
+    SymbolView* symbol_;
+    ElidedLabel* title_;
+    ElidedLabel* status_;
+};
+
+/// Labels at the left and this machine's values at the right, one a line.
+class InfoView : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit InfoView(QWidget* parent);
+
+    void setContent(const PanelContent::Info& content);
+
+    const StyledLabel& value(qsizetype row) const { return *values_[row]; }
+
+private:
+    void makeRow(const PanelContent::InfoRow& row);
+
+    QVBoxLayout* column_;
+    QList<PanelContent::InfoRow> rows_;
+    QList<StyledLabel*> values_;
+};
+
+/// The last failure, in as many lines as it takes.
+class ErrorView : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ErrorView(QWidget* parent);
+
+    void setContent(const PanelContent::Error& content);
+
+    const WrappedLabel& text() const { return *text_; }
+
+private:
+    WrappedLabel* text_;
+};
+
+} // namespace tarnwick
