@@ -1,31 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/popover.h"
 
-#include "ui/controls/font_change_forwarder.h"
-#include "ui/controls/keyboard_focus.h"
-
 #include <QApplication>
-#include <QKeyEvent>
+#include <QEvent>
 #include <QScreen>
 
 namespace tarnwick {
 
 Popover::Popover(QWidget* anchor, QWidget* content)
-    : QWidget(anchor, Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint),
-      anchor_(anchor), content_(content), surface_(this) {
+    : FramelessWindow(anchor), anchor_(anchor), content_(content) {
     content_->setParent(this);
     setWindowTitle(content_->accessibleName());
-    new FontChangeForwarder(this);
 }
 
 void Popover::present() {
     place();
-    surface_.prepareToShow();
     qApp->installEventFilter(this);
-    setFocus(Qt::OtherFocusReason); // else a window that becomes active focuses its first control
-    show();
-    raise();
-    activateWindow();
+    showInFront();
 }
 
 void Popover::dismiss() {
@@ -44,11 +35,11 @@ void Popover::place() {
                                           layoutDirection());
     setGeometry(placement_.window);
     content_->setGeometry(placement_.contentRect());
-    surface_.setShape(outline());
+    setOutline(outline());
 }
 
 QPainterPath Popover::outline() const {
-    QPainterPath shape = roundedShape(placement_.contentRect());
+    QPainterPath shape = roundedOutline(placement_.contentRect());
     const QRectF body = placement_.contentRect();
     const double half = PopoverPlacement::arrowBase / 2.0;
     const double edge = placement_.isArrowRight ? body.right() : body.left();
@@ -65,9 +56,11 @@ QPainterPath Popover::outline() const {
 bool Popover::event(QEvent* event) {
     if (event->type() == QEvent::LayoutRequest && isVisible())
         place();
-    if (event->type() == QEvent::WindowDeactivate && isVisible())
-        QMetaObject::invokeMethod(this, &Popover::reviewActivation, Qt::QueuedConnection);
-    return QWidget::event(event);
+    return FramelessWindow::event(event);
+}
+
+void Popover::deactivated() {
+    QMetaObject::invokeMethod(this, &Popover::reviewActivation, Qt::QueuedConnection);
 }
 
 void Popover::reviewActivation() {
@@ -99,21 +92,8 @@ bool Popover::eventFilter(QObject* watched, QEvent* event) {
     return false;
 }
 
-void Popover::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape)
-        Q_EMIT dismissedByUser();
-    else if (const int direction = arrowDirection(*event, layoutDirection()); direction != 0)
-        moveFocus(this, direction);
-    else
-        QWidget::keyPressEvent(event);
-}
-
-bool Popover::focusNextPrevChild(bool next) {
-    return moveFocus(this, next ? 1 : -1);
-}
-
-void Popover::paintEvent(QPaintEvent*) {
-    surface_.paint();
+void Popover::escape() {
+    Q_EMIT dismissedByUser();
 }
 
 } // namespace tarnwick

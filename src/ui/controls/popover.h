@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/controls/panel_surface.h"
+#include "ui/controls/frameless_window.h"
 #include "ui/controls/popover_placement.h"
-
-#include <QWidget>
 
 namespace tarnwick {
 
@@ -12,7 +10,7 @@ namespace tarnwick {
 ///
 /// Stays beside its row while either changes its size. Closes on Escape, on a click elsewhere and
 /// when another window becomes active, but not on a click at its row, which closes it by itself.
-class Popover : public QWidget {
+class Popover : public FramelessWindow {
     Q_OBJECT
 
 public:
@@ -31,11 +29,10 @@ Q_SIGNALS:
     void dismissedByUser();
 
 protected:
+    void escape() override;
+    void deactivated() override;
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    bool focusNextPrevChild(bool next) override;
-    void paintEvent(QPaintEvent* event) override;
 
 private:
     void place();
@@ -46,7 +43,6 @@ private:
 
     QWidget* anchor_;
     QWidget* content_;
-    PanelSurface surface_;
     PopoverPlacement placement_;
 };
 

@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/panel/menu_bar_view.h"
 
-#include "ui/controls/font_change_forwarder.h"
-#include "ui/controls/keyboard_focus.h"
 #include "ui/controls/popover_row.h"
 
 #include <QApplication>
-#include <QKeyEvent>
 #include <QScreen>
 #include <QWindow>
 
@@ -19,9 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr Qt::WindowFlags panelFlags =
-    Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint;
-
 /// Between a popover's closing and the panel's becoming active again, no window may be active for
 /// as long as the window manager takes.
 constexpr int handOverMilliseconds = 300;
@@ -30,13 +24,11 @@ constexpr int handOverMilliseconds = 300;
 
 MenuBarView::MenuBarView(std::shared_ptr<DaemonManager> daemon, PerformCommand perform,
                          QWidget* parent)
-    : QWidget(parent, panelFlags), daemon_(std::move(daemon)), surface_(this),
-      scrollArea_(new OverlayScrollArea(this)),
+    : FramelessWindow(parent), daemon_(std::move(daemon)), scrollArea_(new OverlayScrollArea(this)),
       column_(new PanelColumn(std::move(perform), nullptr)) {
     setWindowTitle(u"Tarnwick Network"_s);
     setFixedWidth(panelWidth);
     scrollArea_->setContents(column_);
-    new FontChangeForwarder(this);
     activationReview_.setSingleShot(true);
     QObject::connect(&activationReview_, &QTimer::timeout, this, &MenuBarView::reviewActivation);
     QObject::connect(&daemon_->objectWillChange, &ObjectWillChange::announced, this,
@@ -59,7 +51,7 @@ void MenuBarView::setMaximumPanelHeight(int height) {
 }
 
 void MenuBarView::openAt(const QPoint& topLeft) {
-    openAs(panelFlags, topLeft);
+    openAs(flags, topLeft);
 }
 
 void MenuBarView::openAsWindowAt(const QPoint& topLeft) {
@@ -70,11 +62,10 @@ bool MenuBarView::isOrdinaryWindow() const {
     return !windowFlags().testFlag(Qt::FramelessWindowHint);
 }
 
-void MenuBarView::openAs(Qt::WindowFlags flags, const QPoint& topLeft) {
+void MenuBarView::openAs(Qt::WindowFlags newFlags, const QPoint& topLeft) {
     // Qt adds flags of its own; this one tells the two apart. Setting flags hides the window.
-    if (windowFlags().testFlag(Qt::FramelessWindowHint) != flags.testFlag(Qt::FramelessWindowHint))
-        setWindowFlags(flags);
-    setFocus(Qt::OtherFocusReason); // else a window that becomes active focuses its first control
+    if (isOrdinaryWindow() == newFlags.testFlag(Qt::FramelessWindowHint))
+        setWindowFlags(newFlags);
     const QRect opened(topLeft, panelSize());
     const QScreen* screen = QGuiApplication::screenAt(opened.center());
     if (screen == nullptr)
@@ -83,18 +74,15 @@ void MenuBarView::openAs(Qt::WindowFlags flags, const QPoint& topLeft) {
     growsUpwards_ = available.bottom() - opened.bottom() < opened.top() - available.top();
     lastActive_ = this;
     setGeometry(opened);
-    show();
-    raise();
-    activateWindow();
+    showInFront();
 }
 
 void MenuBarView::setVisible(bool visible) {
     if (visible && !isVisible()) {
         render(); // so that the first frame is up to date
         resize(panelSize());
-        surface_.prepareToShow();
     }
-    QWidget::setVisible(visible);
+    FramelessWindow::setVisible(visible);
 }
 
 void MenuBarView::scheduleRender() {
@@ -135,11 +123,13 @@ void MenuBarView::fitHeight() {
 }
 
 bool MenuBarView::event(QEvent* event) {
-    if (event->type() == QEvent::WindowDeactivate && isVisible())
-        scheduleActivationReview();
     if (event->type() == QEvent::ApplicationFontChange && isVisible())
         QMetaObject::invokeMethod(this, &MenuBarView::fitHeight, Qt::QueuedConnection);
-    return QWidget::event(event);
+    return FramelessWindow::event(event);
+}
+
+void MenuBarView::deactivated() {
+    scheduleActivationReview();
 }
 
 bool MenuBarView::ownsWindow(const QWidget* window) const {
@@ -174,34 +164,22 @@ bool MenuBarView::closeInnermostPopover() {
     return false;
 }
 
-void MenuBarView::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape) {
-        if (!closeInnermostPopover())
-            hide();
-    } else if (const int direction = arrowDirection(*event, layoutDirection()); direction != 0) {
-        moveFocus(this, direction);
-    } else {
-        QWidget::keyPressEvent(event);
-    }
+void MenuBarView::escape() {
+    if (!closeInnermostPopover())
+        hide();
 }
 
 void MenuBarView::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
+    FramelessWindow::resizeEvent(event);
     scrollArea_->setGeometry(rect());
-    surface_.setShape(isOrdinaryWindow() ? squareShape(rect()) : roundedShape(rect()));
-}
-
-bool MenuBarView::focusNextPrevChild(bool next) {
-    return moveFocus(this, next ? 1 : -1);
+    QPainterPath square;
+    square.addRect(rect());
+    setOutline(isOrdinaryWindow() ? square : roundedOutline(rect()));
 }
 
 void MenuBarView::hideEvent(QHideEvent* event) {
-    QWidget::hideEvent(event);
+    FramelessWindow::hideEvent(event);
     Q_EMIT closed();
-}
-
-void MenuBarView::paintEvent(QPaintEvent*) {
-    surface_.paint();
 }
 
 } // namespace tarnwick

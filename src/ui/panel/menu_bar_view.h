@@ -2,15 +2,14 @@
 #pragma once
 
 #include "daemon/daemon_manager.h"
+#include "ui/controls/frameless_window.h"
 #include "ui/controls/overlay_scroll_area.h"
-#include "ui/controls/panel_surface.h"
 #include "ui/panel/panel_column.h"
 #include "ui/panel/panel_command.h"
 #include "ui/panel/panel_content.h"
 
 #include <QPointer>
 #include <QTimer>
-#include <QWidget>
 
 #include <memory>
 #include <optional>
@@ -23,7 +22,7 @@ namespace tarnwick {
 /// once per turn of the event loop at most, not while hidden, and not when what it shows stays the
 /// same. Closes on Escape and when another window becomes active, unless that is one of its own
 /// popovers.
-class MenuBarView : public QWidget {
+class MenuBarView : public FramelessWindow {
     Q_OBJECT
 
 public:
@@ -62,15 +61,14 @@ Q_SIGNALS:
     void dismissedByDeactivation();
 
 protected:
+    void escape() override;
+    void deactivated() override;
     bool event(QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    bool focusNextPrevChild(bool next) override;
     void hideEvent(QHideEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 
 private:
-    void openAs(Qt::WindowFlags flags, const QPoint& topLeft);
+    void openAs(Qt::WindowFlags newFlags, const QPoint& topLeft);
     bool isOrdinaryWindow() const;
     void scheduleRender();
     void renderScheduled();
@@ -82,7 +80,6 @@ private:
     bool closeInnermostPopover();
 
     std::shared_ptr<DaemonManager> daemon_;
-    PanelSurface surface_;
     OverlayScrollArea* scrollArea_;
     PanelColumn* column_;
     std::optional<PanelContent> shown_;
