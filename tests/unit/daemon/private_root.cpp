@@ -46,7 +46,8 @@ QStringList unshareArguments() {
 }
 
 bool canMount() {
-    return succeeds({u"/usr/bin/unshare"_s, unshareArguments() << u"true"_s});
+    const QStringList mount{u"mount"_s, u"--bind"_s, u"/usr"_s, u"/usr"_s};
+    return succeeds({u"/usr/bin/unshare"_s, unshareArguments() + mount});
 }
 
 bool canTrace() {
