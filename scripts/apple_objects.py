@@ -15,12 +15,6 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 FOLDERS = ("src", "simulator")
-# These speak to the session and login managers of Linux desktops, or to X.
-LINUX_ONLY = {
-    "src/desktop/sleep_monitor.cpp",
-    "src/desktop/status_notifier_watcher.cpp",
-    "src/desktop/x11_tray.cpp",
-}
 MACH_O_64 = 0xFEEDFACF
 OBJECT_FILE = 1
 PROCESSORS = {"arm64": 0x0100000C, "x86_64": 0x01000007}
@@ -29,8 +23,8 @@ PROCESSORS = {"arm64": 0x0100000C, "x86_64": 0x01000007}
 def sources(root):
     """Every C++ source that a Mac has to compile, relative to the root.
 
-    A file for Linux only is listed above, or says so in its name: then it has a counterpart for
-    macOS beside it, unless its header is for Linux only too.
+    A file for Linux only says so in its name. It has a counterpart for macOS beside it, unless its
+    header is for Linux only too.
     """
     found = set()
     for folder in FOLDERS:
@@ -41,7 +35,7 @@ def sources(root):
                     raise SystemExit(f"check-apple: {path} has no counterpart {twin.name}")
                 continue
             found.add(path.relative_to(root).as_posix())
-    return found - LINUX_ONLY
+    return found
 
 
 def compiled(path):

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/message_bus_linux.h"
 #include "desktop/status_area.h"
-#include "desktop/status_notifier_watcher.h"
-#include "desktop/x11_tray.h"
+#include "desktop/status_notifier_watcher_linux.h"
+#include "desktop/x11_linux.h"
 
 namespace tarnwick {
 

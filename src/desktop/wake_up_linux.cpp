@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/message_bus_linux.h"
-#include "desktop/sleep_monitor.h"
+#include "desktop/sleep_monitor_linux.h"
 #include "desktop/wake_up.h"
 
 namespace tarnwick {

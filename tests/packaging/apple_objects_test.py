@@ -35,6 +35,10 @@ class Sources(unittest.TestCase):
         self.add("src/platform/spawn_linux.cpp", "src/platform/spawn_darwin.cpp")
         self.assertEqual(apple_objects.sources(self.root), {"src/platform/spawn_darwin.cpp"})
 
+    def test_what_only_linux_has_is_left_out(self):
+        self.add("src/desktop/x_linux.cpp", "src/desktop/x_linux.h")
+        self.assertEqual(apple_objects.sources(self.root), set())
+
     def test_linux_half_alone_is_an_error(self):
         self.add("src/platform/spawn_linux.cpp")
         with self.assertRaises(SystemExit):

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/status_notifier_watcher.h"
+#include "desktop/status_notifier_watcher_linux.h"
 
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>

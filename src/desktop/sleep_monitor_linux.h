@@ -10,7 +10,10 @@ class SleepMonitor : public QDBusAbstractInterface {
     Q_OBJECT
 
 public:
-    explicit SleepMonitor(const QDBusConnection& systemBus);
+    explicit SleepMonitor(const QDBusConnection& systemBus)
+        : QDBusAbstractInterface(QStringLiteral("org.freedesktop.login1"),
+                                 QStringLiteral("/org/freedesktop/login1"),
+                                 "org.freedesktop.login1.Manager", systemBus, nullptr) {}
 
 Q_SIGNALS:
     /// The signal of this name on the bus: the computer is about to sleep, or has woken.

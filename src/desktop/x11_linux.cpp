@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/x11_linux.h"
+
+#include "desktop/compositing.h"
+
+#include <QGuiApplication>
+#include <QLibrary>
+
+#include <cstdlib>
+#include <type_traits>
+#include <utility>
+#include <xcb/xcb.h>
+
+namespace tarnwick {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct FreeReply {
+    void operator()(void* reply) const { std::free(reply); }
+};
+
+template <typename T>
+using Reply = std::unique_ptr<T, FreeReply>;
+
+/// The screen number at the end of the display's name, as in ":0.1".
+QByteArray screenNumber() {
+    const QByteArray display = qgetenv("DISPLAY");
+    const qsizetype colon = display.lastIndexOf(':');
+    const qsizetype dot = display.indexOf('.', colon);
+    return colon < 0 || dot < 0 ? QByteArrayLiteral("0") : display.mid(dot + 1);
+}
+
+} // namespace
+
+struct X11Display::Xcb {
+    xcb_connection_t* connection = nullptr;
+    decltype(&xcb_intern_atom) internAtom = nullptr;
+    decltype(&xcb_intern_atom_reply) internAtomReply = nullptr;
+    decltype(&xcb_get_selection_owner) getSelectionOwner = nullptr;
+    decltype(&xcb_get_selection_owner_reply) getSelectionOwnerReply = nullptr;
+
+    /// Whether all of them were found.
+    bool resolve() {
+        QLibrary library(u"xcb"_s, 1);
+        const auto find = [&library](auto& function, const char* name) {
+            function = reinterpret_cast<std::remove_reference_t<decltype(function)>>(
+                library.resolve(name));
+            return function != nullptr;
+        };
+        return find(internAtom, "xcb_intern_atom") &&
+               find(internAtomReply, "xcb_intern_atom_reply") &&
+               find(getSelectionOwner, "xcb_get_selection_owner") &&
+               find(getSelectionOwnerReply, "xcb_get_selection_owner_reply");
+    }
+};
+
+X11Display::X11Display() {
+    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    // Other platforms may have the interface too, with no connection behind it.
+    if (!x11 || !x11->connection())
+        return;
+    auto xcb = std::make_unique<Xcb>();
+    xcb->connection = x11->connection();
+    if (xcb->resolve())
+        xcb_ = std::move(xcb);
+}
+
+X11Display::~X11Display() = default;
+
+std::uint32_t X11Display::atom(const QByteArray& name) {
+    if (!xcb_)
+        return XCB_ATOM_NONE;
+    const auto request =
+        xcb_->internAtom(xcb_->connection, 0, static_cast<std::uint16_t>(name.size()), name);
+    const Reply<xcb_intern_atom_reply_t> reply(
+        xcb_->internAtomReply(xcb_->connection, request, nullptr));
+    return reply ? reply->atom : std::uint32_t{XCB_ATOM_NONE};
+}
+
+bool X11Display::hasOwner(std::uint32_t selection) {
+    if (!xcb_ || selection == XCB_ATOM_NONE)
+        return false;
+    const auto request = xcb_->getSelectionOwner(xcb_->connection, selection);
+    const Reply<xcb_get_selection_owner_reply_t> reply(
+        xcb_->getSelectionOwnerReply(xcb_->connection, request, nullptr));
+    return reply && reply->owner != XCB_WINDOW_NONE;
+}
+
+bool isScreenComposited() {
+    X11Display display;
+    return !display.exists() || display.hasOwner(display.atom("_NET_WM_CM_S0"));
+}
+
+X11Tray::X11Tray() {
+    if (!display_.exists())
+        return;
+    traySelection_ = display_.atom("_NET_SYSTEM_TRAY_S" + screenNumber());
+    managerMessage_ = display_.atom("MANAGER");
+    // A tray announces itself to the root window, whose messages Qt listens to.
+    qGuiApp->installNativeEventFilter(this);
+}
+
+X11Tray::~X11Tray() {
+    if (qGuiApp)
+        qGuiApp->removeNativeEventFilter(this);
+}
+
+bool X11Tray::exists() {
+    return display_.hasOwner(traySelection_);
+}
+
+bool X11Tray::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*) {
+    constexpr std::uint8_t sentBySomeProgram = 0x80; // set in an event's type by the X server
+    if (eventType != "xcb_generic_event_t")
+        return false;
+    const auto* event = static_cast<const xcb_generic_event_t*>(message);
+    if ((event->response_type & ~sentBySomeProgram) != XCB_CLIENT_MESSAGE)
+        return false;
+    const auto* announcement = static_cast<const xcb_client_message_event_t*>(message);
+    if (announcement->type == managerMessage_ && announcement->data.data32[1] == traySelection_)
+        Q_EMIT appeared();
+    return false;
+}
+
+} // namespace tarnwick

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAbstractNativeEventFilter>
+#include <QByteArray>
+#include <QObject>
+
+#include <cstdint>
+#include <memory>
+
+namespace tarnwick {
+
+/// The X display that Qt is connected to, for what Qt has no call for. None where Qt uses another
+/// platform: then there is no atom and no selection.
+///
+/// The X library is the one that Qt's X plug-in has loaded; the program itself does not link it.
+class X11Display {
+public:
+    X11Display();
+    ~X11Display();
+    X11Display(const X11Display&) = delete;
+    X11Display& operator=(const X11Display&) = delete;
+
+    bool exists() const { return xcb_ != nullptr; }
+
+    std::uint32_t atom(const QByteArray& name);
+
+    bool hasOwner(std::uint32_t selection);
+
+private:
+    struct Xcb;
+    std::unique_ptr<Xcb> xcb_;
+};
+
+/// The older kind of status area: a window that owns a selection of the X display. Qt reports none
+/// before the first tray icon is made, which is too early.
+class X11Tray : public QObject, public QAbstractNativeEventFilter {
+    Q_OBJECT
+
+public:
+    X11Tray();
+    ~X11Tray() override;
+    X11Tray(const X11Tray&) = delete;
+    X11Tray& operator=(const X11Tray&) = delete;
+
+    /// Whether there is a tray now. Asks the X server.
+    bool exists();
+
+    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+
+Q_SIGNALS:
+    /// A tray has announced itself.
+    void appeared();
+
+private:
+    X11Display display_;
+    std::uint32_t traySelection_ = 0;
+    std::uint32_t managerMessage_ = 0;
+};
+
+} // namespace tarnwick
