@@ -3,8 +3,8 @@
 
 namespace tarnwick {
 
-/// Whether what is translucent in a window lets the eye see through. Only an X server without a
-/// compositor shows black there.
+/// Whether a window may have translucent parts. Only an X server without a compositor shows them
+/// black.
 bool isScreenComposited();
 
 } // namespace tarnwick

@@ -5,8 +5,10 @@
 
 namespace tarnwick {
 
-/// A lock that at most one process holds, given back by the system however that process ends: no
-/// crash can leave it behind, so there is no stale lock to recognise.
+/// A lock that at most one process holds, released by the system however that process ends.
+///
+/// QLockFile in its place would have to recognise locks that a crash left behind, by process ids,
+/// which containers reuse.
 class InstanceLock {
 public:
     /// Tries to take the lock that the file at `path` stands for; makes the file when missing.

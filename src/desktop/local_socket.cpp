@@ -49,7 +49,7 @@ LocalSocket::LocalSocket(int descriptor) : descriptor_(descriptor) {
         return;
     fcntl(descriptor, F_SETFD, FD_CLOEXEC);
     fcntl(descriptor, F_SETFL, O_NONBLOCK);
-    std::signal(SIGPIPE, SIG_IGN); // who hangs up on us must not end us
+    std::signal(SIGPIPE, SIG_IGN); // writing to a closed connection fails instead
 }
 
 LocalSocket::LocalSocket(LocalSocket&& other) noexcept
@@ -71,7 +71,7 @@ LocalSocket LocalSocket::listeningAt(const QString& path) {
         return {};
     LocalSocket socket(::socket(AF_UNIX, SOCK_STREAM, 0));
     unlink(address->value.sun_path);
-    // Nobody can connect before it listens.
+    // The mode is set before it listens, so nobody connects with an earlier one.
     if (bind(socket.descriptor_, address->generic(), address->size) != 0 ||
         chmod(address->value.sun_path, S_IRUSR | S_IWUSR) != 0 ||
         listen(socket.descriptor_, backlog) != 0)

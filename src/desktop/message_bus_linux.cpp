@@ -17,7 +17,7 @@ namespace {
 constexpr std::chrono::seconds retryInterval{2};
 constexpr std::chrono::seconds answerTimeout{3};
 
-/// What every client of a bus says first; a bus that works answers it.
+/// The first line that every client of a bus sends, and that a working bus answers.
 QByteArray authentication() {
     return '\0' + QByteArray("AUTH EXTERNAL ") + QByteArray::number(getuid()).toHex() + "\r\n";
 }
@@ -82,7 +82,7 @@ bool MessageBus::isUnresponsive(const QString& address, std::chrono::millisecond
 
 void MessageBus::look() {
     const auto path = socketPath(address_);
-    if (!path) { // cannot be asked first
+    if (!path) { // cannot be probed
         open();
         return;
     }
@@ -115,7 +115,7 @@ void MessageBus::open() {
         return;
     }
     localEnd_ = std::make_unique<LocalEnd>(connection_);
-    // Later: the signal's sender cannot be destroyed while it sends.
+    // Queued, because the slot destroys the sender.
     QObject::connect(
         localEnd_.get(), &LocalEnd::Disconnected, this,
         [this] {

@@ -27,14 +27,14 @@ Q_SIGNALS:
     void Disconnected();
 };
 
-/// A message bus that may be missing or hang, start late, die and come back. Main thread, which it
-/// never blocks: it connects only to a bus that has been seen to answer.
+/// A connection to a message bus that may be missing, hang, start late, or die and come back. Main
+/// thread, which it does not block: it connects only once the bus has answered a probe.
 class MessageBus : public QObject {
     Q_OBJECT
 
 public:
-    /// Looks for the bus at `address`, in D-Bus's own notation, from the next turn of the event
-    /// loop on and for as long as this object lives.
+    /// Looks for the bus at `address`, in D-Bus's notation, from the next turn of the event loop on
+    /// and for as long as this object lives.
     explicit MessageBus(QString address);
     ~MessageBus() override;
     MessageBus(const MessageBus&) = delete;
@@ -43,11 +43,12 @@ public:
     static QString sessionAddress();
     static QString systemAddress();
 
-    /// Whether somebody listens at `address` but says nothing for `timeout`. Blocks until then.
+    /// Whether somebody listens at `address` but sends nothing within `timeout`, which this waits
+    /// for.
     static bool isUnresponsive(const QString& address, std::chrono::milliseconds timeout);
 
-    /// To be used from connected() until unavailable(): a call on a connection that is not
-    /// connected never finishes.
+    /// Usable from connected() until unavailable(): an asynchronous call on a connection that is
+    /// not connected never finishes.
     const QDBusConnection& connection() const { return connection_; }
 
     bool isConnected() const { return state_ == State::Connected; }
@@ -73,7 +74,7 @@ private:
     const QString name_; ///< The connection's, unique in this process.
     State state_ = State::Unknown;
     QTimer retry_;
-    LocalSocket probe_; ///< Finds out whether the bus answers.
+    LocalSocket probe_;
     std::unique_ptr<QSocketNotifier> answer_;
     QDBusConnection connection_;
     std::unique_ptr<LocalEnd> localEnd_;

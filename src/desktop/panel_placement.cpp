@@ -10,7 +10,7 @@ namespace {
 
 constexpr int usualIconSize = 24;
 
-/// As std::clamp, for a panel larger than the area too: then it starts where the area does.
+/// Like std::clamp, but defined for a panel larger than the area too: it starts where that does.
 int clamped(int wanted, int low, int high) {
     return std::max(low, std::min(wanted, high));
 }
@@ -32,7 +32,7 @@ PanelPlacement::Edge PanelPlacement::edge() const {
         return Edge::Left;
     if (centre.x() > available.right())
         return Edge::Right;
-    // The status area reserves no room: the nearest edge holds it, and in a corner the level one.
+    // The status area reserves no room: take the nearest edge, and in a corner the horizontal one.
     const int inCorner = icon.height();
     const std::array<std::pair<int, Edge>, 4> distances{
         {{centre.y() - screen.top() - inCorner, Edge::Top},

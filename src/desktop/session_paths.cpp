@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// ":0" and ":0.0" are one display, and a Wayland display may be given as a path.
+/// A part of a file name: ":0" and ":0.0" are the same display, and Wayland's may be a path.
 QString displayName(const QProcessEnvironment& environment) {
     QString name = environment.value(u"WAYLAND_DISPLAY"_s);
     if (name.isEmpty()) {

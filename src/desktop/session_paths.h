@@ -6,16 +6,16 @@
 
 namespace tarnwick {
 
-/// Files through which the copies of the program in one user's session know of each other.
+/// Files by which the program finds the instance that already runs in the same session.
 struct SessionPaths {
     QString lock;
     QString socket;
 
-    /// Paths in `runtimeDir`, which only the user can enter. A session is told from another of the
-    /// same user by its display.
+    /// Paths in `runtimeDir`, which only the user can enter. Sessions of the same user differ in
+    /// their display.
     static SessionPaths in(const QString& runtimeDir, const QProcessEnvironment& environment);
 
-    /// Those of this process.
+    /// The paths for this process's environment.
     static SessionPaths ofThisSession();
 };
 

@@ -16,7 +16,7 @@ namespace {
 constexpr qsizetype longestLine = 1024;
 constexpr std::chrono::milliseconds retryInterval{50};
 
-// Whether something has arrived before the deadline, a hang-up included.
+// Returns whether there is something to read before the deadline; the end of the stream counts.
 bool waitForText(const LocalSocket& socket, const QDeadlineTimer& deadline) {
     pollfd entry = {socket.descriptor(), POLLIN, 0};
     return poll(&entry, 1, static_cast<int>(deadline.remainingTime())) > 0;
@@ -35,7 +35,7 @@ QByteArray answerOn(const LocalSocket& socket, const QDeadlineTimer& deadline) {
 
 } // namespace
 
-/// A second launch that has connected; gone with its request or with the channel.
+/// The connection of a second launch. Deletes itself after its request.
 class SingleInstanceChannel::Caller : public QObject {
 public:
     Caller(LocalSocket socket, SingleInstanceChannel& channel)
@@ -50,7 +50,7 @@ private:
         request_ += arrived.value_or(QByteArray());
         const qsizetype end = request_.indexOf('\n');
         if (arrived && end < 0 && request_.size() <= longestLine)
-            return; // more is to come
+            return; // the line is not complete
         notifier_.setEnabled(false);
         deleteLater();
         const QByteArray line = request_.left(end).trimmed();
@@ -85,7 +85,7 @@ void SingleInstanceChannel::serve() {
         new Caller(std::move(caller), *this);
         return;
     }
-    // Without a descriptor to spare the caller goes on waiting, and so do we, but not in a circle.
+    // Out of descriptors. The connection stays pending: without a pause this would spin.
     notifier_->setEnabled(false);
     QTimer::singleShot(retryInterval, notifier_.get(), [this] { notifier_->setEnabled(true); });
 }

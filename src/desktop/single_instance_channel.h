@@ -13,21 +13,21 @@
 
 namespace tarnwick {
 
-/// How a second launch of the program reaches the copy that runs: a socket that only the user can
-/// connect to, over which one line goes each way.
+/// Lets a second launch of the program reach the running instance: over a socket that only the user
+/// can connect to, one line is sent each way.
 class SingleInstanceChannel : public QObject {
     Q_OBJECT
 
 public:
-    /// Listens at `path`, in place of whatever a crashed copy has left there. Where that is
-    /// impossible the program runs without: a second launch then finds nobody.
+    /// Listens at `path` and replaces what a crashed instance left there. Where that is impossible
+    /// the program runs all the same, and a second launch fails.
     explicit SingleInstanceChannel(const QString& path);
     ~SingleInstanceChannel() override;
     SingleInstanceChannel(const SingleInstanceChannel&) = delete;
     SingleInstanceChannel& operator=(const SingleInstanceChannel&) = delete;
 
-    /// Asks the copy that listens at `path` to show its panel, and waits for its answer for at most
-    /// `timeout`: it may have started only just now. `activationToken` lets it take the focus.
+    /// Asks the instance that listens at `path` to show its panel. Blocks for at most `timeout`;
+    /// the instance may still be starting. `activationToken` lets it take the focus.
     static bool askToShow(const QString& path, const QByteArray& activationToken,
                           std::chrono::milliseconds timeout);
 

@@ -7,7 +7,7 @@
 
 namespace tarnwick {
 
-/// Tells when the desktop has a place for the program's icon.
+/// Reports when the desktop has a status area for the program's icon.
 ///
 /// Qt chooses between the two kinds of status area of Linux desktops once a process, when the first
 /// tray icon is made: an icon made before the desktop is ready never shows. So it is made on

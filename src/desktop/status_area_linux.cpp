@@ -15,7 +15,7 @@ public:
             if (tray_.exists())
                 Q_EMIT area_.appeared();
         });
-        // Later: whoever is ahead of us with the same event has to see it first.
+        // Queued, so that Qt handles the event first.
         QObject::connect(&tray_, &X11Tray::appeared, &area, &StatusArea::appeared,
                          Qt::QueuedConnection);
     }
@@ -23,7 +23,7 @@ public:
 private:
     void askForHosts() {
         hosts_ = std::make_unique<StatusNotifierWatcher>(bus_.connection());
-        // A desktop that has both shows the older kind only for old programs.
+        // Where a desktop has both kinds, the older one is for old programs.
         QObject::connect(hosts_.get(), &StatusNotifierWatcher::answered, &area_, [this](bool has) {
             if (has || tray_.exists())
                 Q_EMIT area_.appeared();

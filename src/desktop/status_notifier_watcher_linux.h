@@ -6,8 +6,8 @@
 
 namespace tarnwick {
 
-/// The session's registry of status-notifier hosts. Asks it without blocking, again whenever the
-/// registry comes back or names a new host.
+/// The session's registry of status-notifier hosts. Queried asynchronously, and again whenever the
+/// registry restarts or announces a new host.
 class StatusNotifierWatcher : public QDBusAbstractInterface {
     Q_OBJECT
 
@@ -21,7 +21,7 @@ Q_SIGNALS:
     /// The signal of this name on the bus.
     void StatusNotifierHostRegistered();
 
-    /// Whether a host shows icons; also sent when nobody could be asked.
+    /// Whether a host shows icons; false when there is no registry.
     void answered(bool hasHost);
 
 private:

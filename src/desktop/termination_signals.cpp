@@ -13,8 +13,7 @@ namespace tarnwick {
 
 namespace {
 
-// A signal handler is given nothing but the signal's number: what it writes to has to be found
-// without an object.
+// Not a member: a signal handler gets nothing but the signal's number.
 std::atomic<int> handlerPipe{-1};
 static_assert(std::atomic<int>::is_always_lock_free);
 
@@ -38,9 +37,9 @@ void setHandler(int signal, void (*handler)(int)) {
 TerminationSignals::TerminationSignals() {
     int ends[2] = {-1, -1};
     if (makePipe(ends) != 0)
-        return; // The signals then end the process the hard way.
+        return; // the signals keep their default action, which ends the process
     pipe_ = {ends[0], ends[1]};
-    // A full pipe holds enough news; its writer must not be held up.
+    // The handler must not block on a full pipe, which wakes the reader as well.
     fcntl(pipe_[1], F_SETFL, fcntl(pipe_[1], F_GETFL) | O_NONBLOCK);
     notifier_ = std::make_unique<QSocketNotifier>(pipe_[0], QSocketNotifier::Read);
     QObject::connect(notifier_.get(), &QSocketNotifier::activated, this, [this] {

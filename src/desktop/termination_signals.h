@@ -9,8 +9,8 @@
 
 namespace tarnwick {
 
-/// Turns the signals that ask a process to end into one of Qt's. One object at a time: a process
-/// has one handler for a signal.
+/// Reports SIGTERM, SIGINT and SIGHUP as a Qt signal. One object at a time, as a process has one
+/// handler for each.
 class TerminationSignals : public QObject {
     Q_OBJECT
 

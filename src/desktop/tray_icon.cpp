@@ -13,7 +13,7 @@ TrayIcon::TrayIcon(const QIcon& picture, bool hasMenu) {
         makeMenu();
     QObject::connect(&icon_, &QSystemTrayIcon::activated, this,
                      [this](QSystemTrayIcon::ActivationReason reason) {
-                         // The second of two quick clicks is not told twice.
+                         // The second of two quick clicks is reported as DoubleClick only.
                          if (reason == QSystemTrayIcon::Trigger ||
                              reason == QSystemTrayIcon::DoubleClick)
                              Q_EMIT clicked();

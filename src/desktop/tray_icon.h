@@ -23,7 +23,8 @@ public:
     TrayIcon(const TrayIcon&) = delete;
     TrayIcon& operator=(const TrayIcon&) = delete;
 
-    /// Where the icon is, in device-independent pixels; none when the status area does not tell.
+    /// Where the icon is, in device-independent pixels; none when the status area does not report
+    /// it.
     std::optional<QRect> geometry() const;
 
 Q_SIGNALS:

@@ -3,10 +3,9 @@
 
 namespace tarnwick {
 
-/// Keeps Qt from waiting half a minute, with the main thread, for a session bus that accepts
-/// connections but does not answer: to Qt there is then none. To be called before Qt's application
-/// object is made and while the process has one thread; blocks for some seconds where there is such
-/// a bus, and else for less than a millisecond.
+/// Makes Qt see no session bus where the bus accepts connections but does not answer: Qt would
+/// block the main thread for 25 seconds. To be called before Qt's application object is made, while
+/// the process has one thread. Blocks for up to 3 seconds where the bus is such, else not.
 void spareQtAnUnresponsiveBus(int argc, char** argv);
 
 } // namespace tarnwick

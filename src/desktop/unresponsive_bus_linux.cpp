@@ -10,13 +10,13 @@ namespace {
 
 constexpr const char* addressVariable = "DBUS_SESSION_BUS_ADDRESS";
 
-// A bus that is only just being started may need a second or two.
+// A bus that is just being started may need a second or two.
 constexpr std::chrono::seconds timeout{3};
 
 } // namespace
 
-// The library keeps the address that it reads from the environment when it is first used, and Qt
-// the connection that it tries then. Children shall see the true one.
+// The D-Bus library reads the address from the environment once, and Qt keeps its first connection.
+// So the variable is restored afterwards, for child processes.
 void spareQtAnUnresponsiveBus(int argc, char** argv) {
     if (!MessageBus::isUnresponsive(MessageBus::sessionAddress(), timeout))
         return;

@@ -7,7 +7,7 @@
 
 namespace tarnwick {
 
-/// Tells when the computer has woken from sleep.
+/// Reports when the computer has woken from sleep.
 class WakeUp : public QObject {
     Q_OBJECT
 

@@ -5,8 +5,8 @@ namespace tarnwick {
 
 class WakeUp::Watch {};
 
-// Its notification is Objective-C's. The poll does without: the run loop's timers go on where they
-// stopped, so that the next refresh follows within the poll's interval.
+// The system's notification needs Objective-C. Without it the next refresh still follows within the
+// poll's interval, as timers continue after sleep.
 WakeUp::WakeUp() = default;
 
 WakeUp::~WakeUp() = default;

@@ -41,7 +41,7 @@ struct X11Display::Xcb {
     decltype(&xcb_get_selection_owner) getSelectionOwner = nullptr;
     decltype(&xcb_get_selection_owner_reply) getSelectionOwnerReply = nullptr;
 
-    /// Whether all of them were found.
+    /// Returns whether all of them were found.
     bool resolve() {
         QLibrary library(u"xcb"_s, 1);
         const auto find = [&library](auto& function, const char* name) {
@@ -98,7 +98,7 @@ X11Tray::X11Tray() {
         return;
     traySelection_ = display_.atom("_NET_SYSTEM_TRAY_S" + screenNumber());
     managerMessage_ = display_.atom("MANAGER");
-    // A tray announces itself to the root window, whose messages Qt listens to.
+    // A tray announces itself to the root window, whose events Qt selects.
     qGuiApp->installNativeEventFilter(this);
 }
 

@@ -10,10 +10,10 @@
 
 namespace tarnwick {
 
-/// The X display that Qt is connected to, for what Qt has no call for. None where Qt uses another
-/// platform: then there is no atom and no selection.
+/// The X display that Qt is connected to, for requests that Qt has no function for. Where Qt uses
+/// another platform it does not exist, and every query finds nothing.
 ///
-/// The X library is the one that Qt's X plug-in has loaded; the program itself does not link it.
+/// Uses the X library that Qt's X plug-in has loaded, so that the program does not link it.
 class X11Display {
 public:
     X11Display();
@@ -32,8 +32,8 @@ private:
     std::unique_ptr<Xcb> xcb_;
 };
 
-/// The older kind of status area: a window that owns a selection of the X display. Qt reports none
-/// before the first tray icon is made, which is too early.
+/// The older kind of status area: a window that owns a selection of the X display. Qt reports it
+/// only after the first tray icon has been made, which must not be before there is one.
 class X11Tray : public QObject, public QAbstractNativeEventFilter {
     Q_OBJECT
 
@@ -43,7 +43,7 @@ public:
     X11Tray(const X11Tray&) = delete;
     X11Tray& operator=(const X11Tray&) = delete;
 
-    /// Whether there is a tray now. Asks the X server.
+    /// Whether there is a tray now. A round trip to the X server.
     bool exists();
 
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
