@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/windows/auth_key_window.h"
 
-#include "ui/controls/font_change_forwarder.h"
 #include "ui/windows/auth_key_view.h"
-#include "ui/windows/screen_center.h"
 
-#include <QDialog>
 #include <QVBoxLayout>
 
 namespace tarnwick {
@@ -19,18 +16,15 @@ AuthKeyWindow::~AuthKeyWindow() {
 }
 
 // Its own button may be the one that closes it.
-void AuthKeyWindow::DeleteLater::operator()(QDialog* window) const {
+void AuthKeyWindow::DeleteLater::operator()(FloatingDialog* window) const {
     window->close();
     window->deleteLater();
 }
 
 void AuthKeyWindow::show(const std::shared_ptr<DaemonManager>& daemon) {
     window_->reset();
-    // A dialog of no parent, not a tool window, which macOS would hide with the program.
-    window_->reset(new QDialog(nullptr, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                                            Qt::WindowCloseButtonHint | Qt::WindowStaysOnTopHint));
-    QDialog& window = **window_;
-    window.setWindowTitle(u"Connect to Network"_s);
+    window_->reset(new FloatingDialog(u"Connect to Network"_s));
+    FloatingDialog& window = **window_;
     auto* layout = new QVBoxLayout(&window);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSizeConstraint(QLayout::SetFixedSize);
@@ -41,11 +35,7 @@ void AuthKeyWindow::show(const std::shared_ptr<DaemonManager>& daemon) {
                                     holder->reset();
                             }};
     layout->addWidget(new AuthKeyView(daemon, std::move(form), &window));
-    new FontChangeForwarder(&window);
-    centerOnScreen(window);
-    window.show();
-    window.raise();
-    window.activateWindow();
+    window.present();
 }
 
 } // namespace tarnwick

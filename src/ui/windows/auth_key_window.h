@@ -3,14 +3,13 @@
 
 #include "daemon/daemon_manager.h"
 #include "platform/platform.h"
+#include "ui/windows/floating_dialog.h"
 
 #include <QString>
 
 #include <chrono>
 #include <functional>
 #include <memory>
-
-class QDialog;
 
 namespace tarnwick {
 
@@ -33,16 +32,16 @@ public:
     void show(const std::shared_ptr<DaemonManager>& daemon);
 
     /// The window that was shown last, until its form has closed it; hidden when the user did.
-    QDialog* window() const { return window_->get(); }
+    FloatingDialog* window() const { return window_->get(); }
 
 private:
     struct DeleteLater {
-        void operator()(QDialog* window) const;
+        void operator()(FloatingDialog* window) const;
     };
 
     // A form may want to close its window when this is long gone, or when another has taken the
     // window's place, which it then closes.
-    using Holder = std::unique_ptr<QDialog, DeleteLater>;
+    using Holder = std::unique_ptr<FloatingDialog, DeleteLater>;
 
     AuthKeyWindowOptions options_;
     std::shared_ptr<Holder> window_ = std::make_shared<Holder>();

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/windows/update_alert.h"
 
-#include "ui/controls/font_change_forwarder.h"
 #include "ui/controls/form_button.h"
 #include "ui/controls/scrolling_text.h"
-#include "ui/windows/screen_center.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
@@ -34,14 +32,10 @@ QLabel* makeIcon(QWidget* parent) {
 
 } // namespace
 
-UpdateAlert::UpdateAlert(const UpdateDialog& content, OpenPage openPage, QWidget* parent)
-    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                          Qt::WindowCloseButtonHint | Qt::WindowStaysOnTopHint),
-      openPage_(std::move(openPage)) {
+UpdateAlert::UpdateAlert(const UpdateDialog& content, OpenPage openPage)
+    : FloatingDialog(content.messageText), openPage_(std::move(openPage)) {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowModality(Qt::ApplicationModal);
-    setWindowTitle(content.messageText);
-    new FontChangeForwarder(this);
     setAccessibleDescription(content.informativeText);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(alertPadding, alertPadding, alertPadding, alertPadding);
@@ -94,13 +88,6 @@ QWidget* UpdateAlert::makeButtons(const QList<UpdateDialogButton>& buttons) {
             button->setFocus();
     }
     return row;
-}
-
-void UpdateAlert::present() {
-    centerOnScreen(*this);
-    show();
-    raise();
-    activateWindow();
 }
 
 } // namespace tarnwick

@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/windows/floating_dialog.h"
 #include "update/update_dialog.h"
-
-#include <QDialog>
 
 #include <functional>
 
 namespace tarnwick {
 
 /// The update dialog on the screen: in front of every other window of the program, and the only
-/// one that takes input until it is answered. Deletes itself with its answer.
-class UpdateAlert : public QDialog {
+/// one that takes input until it is answered, which `finished` reports. Deletes itself then.
+class UpdateAlert : public FloatingDialog {
     Q_OBJECT
 
 public:
@@ -19,10 +18,7 @@ public:
 
     /// `openPage` is called once at most, when the dialog has gone, with the page that the pressed
     /// button opens.
-    UpdateAlert(const UpdateDialog& content, OpenPage openPage, QWidget* parent = nullptr);
-
-    /// Shows it in the middle of the screen. Does not wait: `finished` tells of the answer.
-    void present();
+    UpdateAlert(const UpdateDialog& content, OpenPage openPage);
 
 private:
     QWidget* makeTexts(const UpdateDialog& content);
