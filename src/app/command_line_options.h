@@ -6,15 +6,15 @@
 
 namespace tarnwick {
 
-/// What the program was asked to do on its command line.
+/// The parsed command line.
 struct CommandLineOptions {
     enum class Action { Run, ShowHelp, ShowVersion, InstallDaemon, Refuse };
 
     Action action = Action::Run;
-    QString error; ///< Why the command line is refused.
+    QString error; ///< Reason for a refusal.
 
-    /// Reads the arguments that follow the program's name. They are looked at before Qt is started,
-    /// so that "--help" works without a display.
+    /// `arguments` without the program's name. Needs no application, so that "--help" works without
+    /// a display.
     static CommandLineOptions parse(const QStringList& arguments);
 
     static QString helpText();

@@ -5,8 +5,8 @@
 
 namespace tarnwick {
 
-/// Installs and starts the daemon, prints what came of it and returns the exit status: 0, or 1 when
-/// it failed. Blocks in an event loop of its own; needs a QCoreApplication and no display.
+/// Installs and starts the daemon, prints the outcome and returns the exit status, 0 or 1. Blocks
+/// in its own event loop; needs a QCoreApplication and no display.
 int runInstallCommand(DaemonManagerOptions options = {});
 
 } // namespace tarnwick

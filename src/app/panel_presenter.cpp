@@ -9,12 +9,12 @@ namespace tarnwick {
 
 namespace {
 
-/// Longest time between the press that takes the focus from the panel and the click that it ends
-/// as, and how far the mouse moves meanwhile at most, in device-independent pixels.
+/// Limits within which a loss of focus and a click on the icon count as one click: the time from
+/// press to release, and the pointer's movement in device-independent pixels.
 constexpr std::chrono::milliseconds longestClick{500};
 constexpr int sameSpot = 16;
 
-/// Height that a window manager's title bar and borders take at most, in device-independent pixels.
+/// Room for a window manager's title bar and borders, in device-independent pixels.
 constexpr int titleBarAllowance = 48;
 
 const QScreen& screenAt(const QPoint& point) {
@@ -40,7 +40,7 @@ MenuBarView& PanelPresenter::panel() {
     if (!panel_) {
         panel_ = makePanel_();
         QObject::connect(panel_.get(), &MenuBarView::dismissedByDeactivation, this, [this] {
-            // Hiding it takes the focus from it too.
+            // Hiding the panel deactivates it too, which is no dismissal.
             if (!panel_->isHidden())
                 dismissal_ = {QCursor::pos(), QDeadlineTimer(longestClick)};
         });
@@ -49,7 +49,7 @@ MenuBarView& PanelPresenter::panel() {
 }
 
 void PanelPresenter::toggle(const std::optional<QRect>& icon) {
-    // The click that is to close the panel has closed it already, by taking the focus from it.
+    // The press of this click may have closed the panel already, by taking its focus.
     const bool closedByThisClick =
         dismissal_ && !dismissal_->longestClick.hasExpired() &&
         (QCursor::pos() - dismissal_->cursor).manhattanLength() < sameSpot;

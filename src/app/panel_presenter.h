@@ -13,8 +13,7 @@
 
 namespace tarnwick {
 
-/// Opens and closes the panel. The panel is made when it is first wanted: most runs of the program
-/// never show it.
+/// Opens and closes the panel, and makes it when it is first needed.
 class PanelPresenter : public QObject {
     Q_OBJECT
 
@@ -26,20 +25,19 @@ public:
     PanelPresenter(const PanelPresenter&) = delete;
     PanelPresenter& operator=(const PanelPresenter&) = delete;
 
-    /// A click on the icon: closes an open panel, opens a closed one beside the icon.
+    /// For a click on the icon: closes an open panel, opens a closed one beside the icon.
     void toggle(const std::optional<QRect>& icon);
 
-    /// Opens the panel, or brings it to the front when it is open.
+    /// Opens the panel, or raises an open one.
     void open(const std::optional<QRect>& icon);
 
-    /// Opens the panel as an ordinary window that the user can move: for where there is no icon to
-    /// hang it under.
+    /// Opens the panel as an ordinary window, for sessions in which the icon's place is unknown.
     void openAsWindow();
 
     bool isOpen() const { return panel_ && panel_->isVisible(); }
 
 private:
-    /// The panel lost the focus and closed, perhaps by a press that is about to become a click.
+    /// The panel closed because it lost the focus, perhaps by the press of a click on the icon.
     struct Dismissal {
         QPoint cursor;
         QDeadlineTimer longestClick;

@@ -42,7 +42,7 @@ int runApplication(int argc, char** argv) {
         return runSecondLaunch(argc, argv, paths.socket);
     spareQtAnUnresponsiveBus(argc, argv);
 
-    // Given as arguments and not in the environment, which the programs that we start inherit.
+    // As arguments and not in the environment, which child processes inherit.
     QByteArray option("-platform");
     QByteArray platforms =
         preferredQtPlatforms(QProcessEnvironment::systemEnvironment()).toLatin1();
@@ -51,7 +51,7 @@ int runApplication(int argc, char** argv) {
 
     QApplication application(count, arguments.data());
     QApplication::setQuitOnLastWindowClosed(false);
-    // What status areas and screen readers call it.
+    // Shown by status areas and screen readers.
     QCoreApplication::setApplicationName(u"Tarnwick Network"_s);
     QGuiApplication::setDesktopFileName(u"tarnwick-client"_s);
     const TarnwickApp app(paths.socket);
@@ -69,7 +69,7 @@ int runProgram(int argc, char** argv) {
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
-    // A launcher that ignores it hands that on, and then how a child has ended is never known.
+    // A launcher that ignores SIGCHLD passes that on, and exit statuses would be lost.
     std::signal(SIGCHLD, SIG_DFL);
     const CommandLineOptions options = CommandLineOptions::parse(arguments);
     switch (options.action) {

@@ -35,8 +35,7 @@ TarnwickApp::TarnwickApp(const QString& launchSocket, DaemonManagerOptions optio
     QObject::connect(&launches_, &SingleInstanceChannel::showRequested, this,
                      &TarnwickApp::showOnRequest);
     QObject::connect(&statusArea_, &StatusArea::appeared, this, &TarnwickApp::showIcon);
-    // A session starts the program by its autostart entry; restoring it as well would be once too
-    // often.
+    // The autostart entry starts the program; a session manager must not restore it as well.
     QObject::connect(qApp, &QGuiApplication::commitDataRequest, this, [](QSessionManager& session) {
         session.setRestartHint(QSessionManager::RestartNever);
     });
@@ -97,7 +96,7 @@ void TarnwickApp::showIcon() {
 }
 
 void TarnwickApp::showOnRequest(const QByteArray& activationToken) {
-    // Qt takes the token from here when it activates a window on Wayland.
+    // Qt reads the token from the environment when it activates a window on Wayland.
     if (!activationToken.isEmpty())
         qputenv("XDG_ACTIVATION_TOKEN", activationToken);
     const std::optional<QRect> icon = iconGeometry();

@@ -16,22 +16,22 @@
 
 namespace tarnwick {
 
-/// The program while it runs: one controller, one icon, and what they open.
+/// Composition root: creates the controller, the icon and the windows, and connects them.
 class TarnwickApp : public QObject {
     Q_OBJECT
 
 public:
-    /// Starts to poll the daemon and waits for a place for the icon. `launchSocket` is where second
-    /// launches are listened for. Main thread, with a QApplication.
+    /// Starts polling the daemon and waits for a status area. Second launches connect to
+    /// `launchSocket`. Main thread, with a QApplication.
     explicit TarnwickApp(const QString& launchSocket, DaemonManagerOptions options = {});
     ~TarnwickApp() override;
     TarnwickApp(const TarnwickApp&) = delete;
     TarnwickApp& operator=(const TarnwickApp&) = delete;
 
-    /// The one controller, whoever asks and however often.
+    /// The one controller of the process.
     const std::shared_ptr<DaemonManager>& daemon() const { return daemon_; }
 
-    /// Carries out what a control of the panel asks for.
+    /// Carries out a command of the panel.
     void perform(const PanelCommand& command);
 
 private:

@@ -61,7 +61,7 @@ void ContentColumn::addDivider(int padding) {
 
 void ContentColumn::append(const QString& key, QWidget* widget) {
     column_->addWidget(widget);
-    widget->show(); // at once: a hidden one would not count for the height
+    widget->show(); // now, because hidden ones do not count for the height
     widgets_.insert(key, widget);
     shown_.append(widget);
 }
@@ -70,7 +70,7 @@ void setReadingOrder(const QList<QWidget*>& children) {
     if (children.isEmpty() || areInOrder(children))
         return;
     for (QWidget* child : children)
-        child->raise(); // to the end of its parent's children
+        child->raise(); // moves it to the end of the parent's children
 }
 
 } // namespace tarnwick

@@ -9,7 +9,7 @@
 
 namespace tarnwick {
 
-/// A hairline across the column, with room above and below.
+/// A hairline with padding above and below.
 class Divider : public QWidget {
     Q_OBJECT
 
@@ -20,19 +20,19 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// Widgets one below the other. From one content to the next they live on by their keys, so that
-/// hover, focus and open popovers survive.
+/// A column of views that are kept across updates by their keys, so that hover, focus and open
+/// popovers survive.
 class ContentColumn : public QWidget {
     Q_OBJECT
 
 protected:
     ContentColumn(const QMargins& margins, int spacing, QWidget* parent);
 
-    /// Begins a new content; end() removes what was not added again.
+    /// Begins an update; end() removes the views that were not added again.
     void begin();
     void end();
 
-    /// Adds the view of that key, made from `arguments` when it is new, and shows `content` in it.
+    /// Adds the view with that key, made from `arguments` if it is new, and updates it.
     template <typename View, typename Content, typename... Arguments>
     void add(const QString& key, const Content& content, const Arguments&... arguments) {
         auto* view = static_cast<View*>(previous_.take(key));
@@ -48,13 +48,12 @@ private:
     void append(const QString& key, QWidget* widget);
 
     QVBoxLayout* column_;
-    QHash<QString, QWidget*> previous_; ///< Of the last content, not added again so far.
+    QHash<QString, QWidget*> previous_; ///< Of the last update, not added again yet.
     QHash<QString, QWidget*> widgets_;
     QList<QWidget*> shown_;
 };
 
-/// Brings children of one widget into the order in which they are to be read to the user:
-/// assistive technology goes by the order in which they were made.
+/// Orders sibling widgets for assistive technology, which reads them in the order of creation.
 void setReadingOrder(const QList<QWidget*>& children);
 
 } // namespace tarnwick

@@ -12,7 +12,7 @@ constexpr qsizetype longestMessage = 20'000;
 constexpr qsizetype longestTooltip = 2'000;
 constexpr qsizetype longestTooltipWord = 40;
 
-/// Marks that change the direction of the texts around them, or have no width to see.
+/// Marks without width, or that change the direction of surrounding text.
 bool isInvisibleMark(QChar c) {
     const char16_t code = c.unicode();
     return code == 0x061c || code == 0x200b || code == 0x200e || code == 0x200f ||
@@ -25,7 +25,7 @@ bool isLineBreak(QChar c) {
            c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
 }
 
-/// The beginning of `text`, never half a character of two code units.
+/// At most `longest` code units, never half a surrogate pair.
 QString cut(const QString& text, qsizetype longest) {
     if (text.size() <= longest)
         return text;
@@ -67,7 +67,7 @@ QString plainTooltip(const QString& text) {
     for (const QChar c : multiLineText(cut(text, longestTooltip))) {
         sinceBlank = c.isSpace() ? 0 : sinceBlank + 1;
         if (sinceBlank > longestTooltipWord && !c.isLowSurrogate()) {
-            escaped += QChar(0x200b); // here a long word may be broken
+            escaped += QChar(0x200b); // lets a long word break
             sinceBlank = 1;
         }
         escaped += c == u'\n' ? u"<br/>"_s : QString(c).toHtmlEscaped();

@@ -5,14 +5,14 @@
 
 namespace tarnwick {
 
-/// A name from outside as one harmless line: line breaks and control characters become blanks,
-/// marks that reorder their surroundings go, and so does what no row could show.
+/// An external name as one harmless line: line breaks and control characters become blanks,
+/// direction marks are dropped, and what is too long for any row is cut.
 QString singleLineText(const QString& text);
 
-/// A message from outside as paragraphs: as singleLineText(), but keeps line breaks, and longer.
+/// An external message: as singleLineText(), but with line breaks, and longer.
 QString multiLineText(const QString& text);
 
-/// Rich text that shows `text` as it stands, wrapped, for a tooltip: those guess the format.
+/// Rich text that shows `text` verbatim and wrapped, for tooltips, which would guess its format.
 QString plainTooltip(const QString& text);
 
 } // namespace tarnwick

@@ -29,7 +29,7 @@ QSize ElidedLabel::minimumSizeHint() const {
 void ElidedLabel::showContent() {
     const QString line = singleLineText(content());
     setText(line);
-    setAccessibleName(line); // else "&" would be taken for the mark of a shortcut
+    setAccessibleName(line); // QLabel would drop "&" as a shortcut mark
 }
 
 bool ElidedLabel::isCut() const {

@@ -5,14 +5,14 @@
 
 namespace tarnwick {
 
-/// One line of text, with an ellipsis where it does not fit and then all of it as a tooltip.
+/// One line of text, elided if it does not fit; the tooltip then has all of it.
 class ElidedLabel : public StyledLabel {
     Q_OBJECT
 
 public:
     ElidedLabel(const TextLook& look, ThemeColor color, QWidget* parent);
 
-    /// Where the ellipsis goes; at the end at first.
+    /// Position of the ellipsis, by default at the end.
     void setElideMode(Qt::TextElideMode mode);
 
     QSize sizeHint() const override;

@@ -7,13 +7,13 @@ class QWidget;
 
 namespace tarnwick {
 
-/// Tells all that is in a window when the application's font changes. Qt tells windows alone, and
-/// widgets with a font of their own would keep it.
+/// Forwards changes of the application's font to all widgets of a window. Qt notifies only windows,
+/// and widgets with a font of their own would keep it.
 class FontChangeForwarder : public QObject {
     Q_OBJECT
 
 public:
-    /// Belongs to the window.
+    /// Is owned by `window`.
     explicit FontChangeForwarder(QWidget* window);
 
 protected:

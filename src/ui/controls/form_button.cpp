@@ -14,8 +14,8 @@ namespace {
 
 constexpr double radius = 5;
 
-/// White on the accent colour, which is darkened as far as that needs; a light accent keeps its
-/// shade and gets a black title.
+/// White on the accent colour, darkened until the title is legible. A light accent keeps its shade
+/// and gets a black title.
 std::pair<QColor, QColor> accentAndTitle(const QPalette& palette) {
     constexpr double textContrast = 4.5;
     constexpr double lightAccent = 2.5;
@@ -45,18 +45,17 @@ FormButton::Look FormButton::look() const {
     const bool isTouched = isEnabled() && (isDown() || underMouse());
     if (prominence_ == Prominence::Prominent && isEnabled()) {
         const auto [accent, title] = accentAndTitle(palette());
-        const QColor ground = isTouched ? accent.darker(isDown() ? 120 : 108) : accent;
-        return {ground, ground, title};
+        const QColor background = isTouched ? accent.darker(isDown() ? 120 : 108) : accent;
+        return {background, background, title};
     }
     const QColor text = palette().color(QPalette::Active, QPalette::WindowText);
-    const float groundOpacity = isDown() ? 0.2F : isTouched ? 0.14F : 0.08F;
+    const float backgroundOpacity = isDown() ? 0.2F : isTouched ? 0.14F : 0.08F;
     constexpr float disabledOpacity = 0.4F;
-    return {withOpacity(text, groundOpacity), borderColor(palette()),
+    return {withOpacity(text, backgroundOpacity), borderColor(palette()),
             isEnabled() ? text : withOpacity(text, disabledOpacity)};
 }
 
-// A Mac shows by itself which button is the main one; other styles do it so faintly that nobody
-// would call it prominent, and each with corners of its own.
+// The macOS style marks the default button well; other styles do so too faintly to be prominent.
 void FormButton::paintEvent(QPaintEvent* event) {
     if (style()->name() == "macos"_L1) {
         QPushButton::paintEvent(event);
@@ -67,9 +66,9 @@ void FormButton::paintEvent(QPaintEvent* event) {
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF frame = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     painter.setPen(colors.edge);
-    painter.setBrush(colors.ground);
+    painter.setBrush(colors.background);
     painter.drawRoundedRect(frame, radius, radius);
-    if (hasFocus()) { // inside, where the ground is known
+    if (hasFocus()) { // inside, where the contrast is known
         painter.setPen(QPen(colors.title, 1));
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(frame.adjusted(2, 2, -2, -2), radius - 2, radius - 2);

@@ -5,8 +5,7 @@
 
 namespace tarnwick {
 
-/// A button of a window with a form or a message: the main action in the user's accent colour,
-/// which Return presses, the others plain.
+/// A button of a form or a message. The prominent one has the accent colour and Return presses it.
 class FormButton : public QPushButton {
     Q_OBJECT
 
@@ -20,7 +19,7 @@ protected:
 
 private:
     struct Look {
-        QColor ground;
+        QColor background;
         QColor edge;
         QColor title;
     };

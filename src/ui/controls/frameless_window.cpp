@@ -20,14 +20,14 @@ FramelessWindow::FramelessWindow(QWidget* parent) : QWidget(parent, flags) {
 
 void FramelessWindow::setVisible(bool visible) {
     if (visible && !isVisible()) {
-        isComposited_ = isScreenComposited(); // a compositor may have come or gone
+        isComposited_ = isScreenComposited(); // a compositor may have started or ended
         applyMask();
     }
     QWidget::setVisible(visible);
 }
 
 void FramelessWindow::showInFront() {
-    setFocus(Qt::OtherFocusReason); // else a window that becomes active focuses its first control
+    setFocus(Qt::OtherFocusReason); // or activation would focus the first control
     show();
     raise();
     activateWindow();
@@ -76,10 +76,10 @@ bool FramelessWindow::focusNextPrevChild(bool next) {
 void FramelessWindow::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    if (!isComposited_) // what the mask leaves of the corners has to be opaque
+    if (!isComposited_) // the mask's corners have no alpha
         painter.fillRect(rect(), backgroundColor(palette()));
     painter.fillPath(outline_, backgroundColor(palette()));
-    // Half of this line lies outside of the outline and is clipped away.
+    // The outer half of this line is clipped away.
     painter.setClipPath(outline_);
     painter.strokePath(outline_, QPen(borderColor(palette()), 2));
 }

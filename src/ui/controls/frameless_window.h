@@ -6,16 +6,14 @@
 
 namespace tarnwick {
 
-/// What the panel and its popovers share: a window without a frame whose background has a shape of
-/// its own, in which Tab and the arrow keys move the focus.
-///
-/// Where the screen is composited its corners are smooth; where not, they are cut out.
+/// Base of the panel and its popovers: a window without a frame, with a background of any shape, in
+/// which Tab and the arrow keys move the focus. Without a compositor the shape is cut out.
 class FramelessWindow : public QWidget {
     Q_OBJECT
 
 public:
-    /// A Qt::Popup would close on a click elsewhere by itself, but assistive technology does not
-    /// see one. The system's shadow would be that of the rectangle.
+    /// Qt::Tool and not Qt::Popup, which would close on an outside click by itself but is invisible
+    /// to assistive technology. The system's shadow would be that of the rectangle.
     static constexpr Qt::WindowFlags flags =
         Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint;
 
@@ -24,17 +22,17 @@ public:
 protected:
     explicit FramelessWindow(QWidget* parent);
 
-    /// Takes over the window's new outline, in its coordinates.
+    /// Sets the shape of the background, in window coordinates.
     void setOutline(const QPainterPath& outline);
 
     static QPainterPath roundedOutline(const QRectF& rect);
 
-    /// Shows the window in front of the others and active. No control has the focus at first.
+    /// Shows, raises and activates the window, with no control focused.
     void showInFront();
 
     /// Escape was pressed.
     virtual void escape() = 0;
-    /// The visible window is not active any longer. Which one is instead is not known yet.
+    /// Another window is about to become active; which one is not known yet.
     virtual void deactivated() = 0;
 
     bool event(QEvent* event) override;

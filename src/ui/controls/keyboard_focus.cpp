@@ -12,7 +12,7 @@ namespace tarnwick {
 
 namespace {
 
-/// The controls of the window that Tab can reach, as the eye goes.
+/// The controls of the window that Tab can reach, in visual order.
 QList<QWidget*> controls(const QWidget* window) {
     QList<std::pair<QPoint, QWidget*>> found;
     const bool isMirrored = window->layoutDirection() == Qt::RightToLeft;

@@ -8,18 +8,18 @@ class QWidget;
 
 namespace tarnwick {
 
-/// Whether the focus was moved with the keyboard, and so must be visible.
+/// Whether the keyboard moved the focus, which must be visible then.
 bool isKeyboardReason(Qt::FocusReason reason);
 
-/// +1 for an arrow key that moves on (down, or along the line), -1 for one that moves back, 0 for
-/// any other key.
+/// +1 for an arrow key that moves forward (down, or in reading direction), -1 for one that moves
+/// back, 0 for any other key.
 int arrowDirection(const QKeyEvent& event, Qt::LayoutDirection layoutDirection);
 
-/// Gives the focus to the next control of the window (+1) or the one before (-1), as the eye goes:
-/// down, and along the line. False when the window has none.
+/// Moves the focus to the next (+1) or previous (-1) control of the window in visual order.
+/// False if the window has none.
 bool moveFocus(QWidget* window, int direction);
 
-/// Scrolls what `widget` lies in until it is visible.
+/// Scrolls the scroll area around `widget`, if any, so that it is visible.
 void scrollIntoView(QWidget* widget);
 
 } // namespace tarnwick

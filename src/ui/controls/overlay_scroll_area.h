@@ -6,14 +6,14 @@
 
 namespace tarnwick {
 
-/// A thin scroll bar that lies over what it scrolls and takes no room from it.
+/// A thin scroll bar drawn over the content it scrolls, so that it takes no room.
 class OverlayScrollBar : public QAbstractSlider {
     Q_OBJECT
 
 public:
     static constexpr int barWidth = 10;
 
-    /// Follows `source`, which stays hidden, and moves it.
+    /// Mirrors `source`, the area's own scroll bar, which stays hidden.
     OverlayScrollBar(QAbstractSlider* source, QWidget* parent);
 
     QRect thumbRect() const;
@@ -29,19 +29,19 @@ private:
     void takeRange();
 
     QAbstractSlider* source_;
-    int grabbedAt_ = 0; ///< Where in the thumb it was grabbed.
+    int grabbedAt_ = 0; ///< Offset of the grab from the top of the thumb.
     bool isHovering_ = false;
 };
 
-/// A vertical scroll area without frame or ground whose contents have its whole width. The arrow
-/// keys scroll it while it has the focus itself; else they are left to the window.
+/// A vertical scroll area without frame or background; the contents have its full width. Arrow
+/// keys scroll only while the area itself has the focus; otherwise they move the window's focus.
 class OverlayScrollArea : public QScrollArea {
     Q_OBJECT
 
 public:
     explicit OverlayScrollArea(QWidget* parent);
 
-    /// Scrolls `contents`, which it takes over and makes as wide as itself.
+    /// Takes ownership of `contents`.
     void setContents(QWidget* contents);
 
 protected:

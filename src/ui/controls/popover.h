@@ -6,26 +6,26 @@
 
 namespace tarnwick {
 
-/// A small window with an arrow that points at the row it belongs to, and goes with it.
+/// A small window with an arrow that points at its row, beside which it stays when either resizes.
 ///
-/// Stays beside its row while either changes its size. Closes on Escape, on a click elsewhere and
-/// when another window becomes active, but not on a click at its row, which closes it by itself.
+/// Closes on Escape, on an outside click and when another window becomes active. A click on the row
+/// is left to the row, which toggles the popover.
 class Popover : public FramelessWindow {
     Q_OBJECT
 
 public:
-    /// Takes over `content`, whose size hint it follows.
+    /// Takes ownership of `content` and follows its size hint.
     Popover(QWidget* anchor, QWidget* content);
 
     void present();
 
-    /// Hides it and gives the keyboard back to the anchor's window.
+    /// Hides the popover and activates the anchor's window again.
     void dismiss();
 
     const PopoverPlacement& placement() const { return placement_; }
 
 Q_SIGNALS:
-    /// The user closed it by other means than its row. Comes before it is hidden.
+    /// The user closed it by other means than its row. Emitted before it is hidden.
     void dismissedByUser();
 
 protected:

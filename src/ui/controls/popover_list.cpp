@@ -30,7 +30,7 @@ PopoverList::PopoverList(int maximumHeight, RowList::Provide provide, QWidget* p
 void PopoverList::setContent(const QString& heading, const QStringList& keys) {
     heading_->setContent(heading);
     setAccessibleName(heading_->text());
-    scrollArea_->setAccessibleName(heading_->text()); // it takes the focus where it can scroll
+    scrollArea_->setAccessibleName(heading_->text()); // it accepts the focus where it can scroll
     rows_->setRows(keys);
     fitRows();
 }
@@ -46,7 +46,7 @@ QSize PopoverList::sizeHint() const {
 
 bool PopoverList::event(QEvent* event) {
     if (event->type() == QEvent::LayoutRequest)
-        fitRows(); // rows grow with the user's font
+        fitRows(); // the rows' height follows the font
     return QWidget::event(event);
 }
 

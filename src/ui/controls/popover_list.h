@@ -9,14 +9,14 @@
 
 namespace tarnwick {
 
-/// What a popover holds: a heading that stays, and rows that scroll below it.
+/// The content of a popover: a heading, and rows that scroll below it.
 class PopoverList : public QWidget {
     Q_OBJECT
 
 public:
     static constexpr int fixedWidth = 260;
 
-    /// `maximumHeight` is that of the scrolled part, in device-independent pixels.
+    /// `maximumHeight` is of the scrolled part, in device-independent pixels.
     PopoverList(int maximumHeight, RowList::Provide provide, QWidget* parent = nullptr);
 
     void setContent(const QString& heading, const QStringList& keys);

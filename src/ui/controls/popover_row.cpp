@@ -29,7 +29,7 @@ void PopoverRow::open() {
     QObject::connect(popover_, &Popover::dismissedByUser, this,
                      [this] { setPopoverPresented(false); });
     popover_->present();
-    // Opened with the keyboard, it goes on there; else the list waits for arrow keys at most.
+    // Opened with the keyboard, the first control gets the focus; else a list without any scrolls.
     if (showsFocusRing())
         moveFocus(popover_, 1);
     else if (list_->scrollArea()->focusPolicy() != Qt::NoFocus)
@@ -40,7 +40,7 @@ void PopoverRow::close() {
     list_ = nullptr;
     Popover* closing = std::exchange(popover_, nullptr);
     closing->dismiss();
-    closing->deleteLater(); // one of its own controls may have closed it
+    closing->deleteLater(); // one of its own controls may be on the stack
 }
 
 void PopoverRow::contentChanged() {

@@ -7,7 +7,7 @@
 
 namespace tarnwick {
 
-/// A row that opens a popover beside the panel: a click toggles it, hovering only highlights.
+/// A row that toggles a popover when clicked; hovering only highlights it.
 class PopoverRow : public RowButton {
     Q_OBJECT
 
@@ -20,10 +20,10 @@ public:
 
     bool isHighlighted() const override { return isHovering() || isPopoverPresented(); }
 
-    /// Null while it is closed.
+    /// Null while closed.
     Popover* popover() const { return popover_; }
 
-    /// What the popover holds, null while it is closed.
+    /// The popover's content, null while closed.
     PopoverList* list() const { return list_; }
 
 protected:
@@ -31,10 +31,10 @@ protected:
 
     /// Makes the popover's empty list.
     virtual PopoverList* makeList() = 0;
-    /// Brings an open popover up to date.
+    /// Updates the list of an open popover.
     virtual void updateList(PopoverList& list) = 0;
 
-    /// To be called when what the popover shows has changed.
+    /// Must be called when the row's or the popover's content has changed.
     void contentChanged();
 
 private:

@@ -23,7 +23,7 @@ RoundedField::RoundedField(QWidget* parent) : QLineEdit(parent) {
     setFrame(false);
     setTextMargins(ownTextMargins);
     QPalette transparent;
-    transparent.setColor(QPalette::Base, Qt::transparent); // the style would paint its corners
+    transparent.setColor(QPalette::Base, Qt::transparent); // or the style would fill the corners
     setPalette(transparent);
 }
 

@@ -5,7 +5,7 @@
 
 namespace tarnwick {
 
-/// A line of text to fill in, with a rounded border that is seen in dark palettes too.
+/// A text field with a rounded border that is visible in dark palettes too.
 class RoundedField : public QLineEdit {
     Q_OBJECT
 

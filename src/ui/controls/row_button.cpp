@@ -54,7 +54,7 @@ void RowButton::leaveEvent(QEvent* event) {
 
 void RowButton::hideEvent(QHideEvent* event) {
     QAbstractButton::hideEvent(event);
-    setHovering(false); // what is hidden under the pointer gets no leave event
+    setHovering(false); // a hidden widget gets no leave event
 }
 
 void RowButton::keyPressEvent(QKeyEvent* event) {
@@ -70,7 +70,7 @@ void RowButton::keyPressEvent(QKeyEvent* event) {
 }
 
 void RowButton::focusInEvent(QFocusEvent* event) {
-    // A window that becomes active again gives the focus back as it was.
+    // A window that becomes active again restores its focus; the ring stays as it was.
     if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason)
         showsFocusRing_ = isKeyboardReason(event->reason());
     if (showsFocusRing_)

@@ -5,8 +5,8 @@
 
 namespace tarnwick {
 
-/// What the panel's controls have in common: no chrome, the whole rectangle to click on, Return
-/// as well as Space, and a ring when the keyboard brought the focus here.
+/// Base of the panel's controls: no frame, the whole rectangle is clickable, Return presses like
+/// Space, and a ring shows the focus if the keyboard moved it.
 class RowButton : public QAbstractButton {
     Q_OBJECT
 
@@ -17,7 +17,7 @@ public:
 
     bool showsFocusRing() const { return showsFocusRing_ && hasFocus(); }
 
-    /// Whether the row lies on highlighted ground.
+    /// Whether the row has a highlighted background.
     virtual bool isHighlighted() const { return false; }
 
 protected:
@@ -29,13 +29,13 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
-    /// Paints symbol and texts; ground and ring are painted here.
+    /// Paints the symbol and texts, between background and focus ring.
     virtual void paintRow(QPainter& painter) = 0;
 
-    /// A rectangle of a left-to-right layout, where it is in this one.
+    /// Maps a rectangle of a left-to-right layout to the current layout direction.
     QRect mirrored(const QRect& rect) const;
 
-    /// Its text that may be elided, empty when it is shown in full.
+    /// Empty for no tooltip.
     virtual QString tooltipText() const { return {}; }
 
 private:

@@ -50,7 +50,7 @@ void RowList::setRows(const QStringList& keys) {
     filledUpTo_ = 0;
     for (qsizetype i = 0; i < keys_.size(); ++i)
         placeRow(i);
-    makeRowsInSight();
+    makeVisibleRows();
     filler_.start();
     updateGeometry();
 }
@@ -68,7 +68,7 @@ QSize RowList::sizeHint() const {
 }
 
 QSize RowList::minimumSizeHint() const {
-    return sizeHint(); // what is higher than the scroll area scrolls
+    return sizeHint(); // the scroll area scrolls what does not fit
 }
 
 QWidget* RowList::row(qsizetype index) const {
@@ -90,7 +90,7 @@ void RowList::placeRow(qsizetype index) {
         placed->setGeometry(0, int(index) * (rowHeight_ + gap), width(), rowHeight_);
 }
 
-void RowList::makeRowsInSight() {
+void RowList::makeVisibleRows() {
     if (keys_.isEmpty() || rowHeight_ == 0 || parentWidget() == nullptr)
         return;
     const int pitch = rowHeight_ + gap;
@@ -130,15 +130,15 @@ bool RowList::event(QEvent* event) {
     switch (event->type()) {
     case QEvent::Move: // scrolled
     case QEvent::Show:
-        makeRowsInSight();
+        makeVisibleRows();
         break;
     case QEvent::Resize:
         for (qsizetype i = 0; i < keys_.size(); ++i)
             placeRow(i);
-        makeRowsInSight();
+        makeVisibleRows();
         break;
     case QEvent::ApplicationFontChange:
-        // Later: the rows may be told of it after this.
+        // Queued, because the rows may get the event after this list.
         QMetaObject::invokeMethod(this, &RowList::fitRows, Qt::QueuedConnection);
         break;
     default:

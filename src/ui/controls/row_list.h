@@ -12,27 +12,27 @@ namespace tarnwick {
 
 /// A column of equally high rows with a gap of 2 between them.
 ///
-/// Rows live on from one list to the next by their keys. Only those in sight are made at once;
-/// the others follow a few a turn of the event loop, so that a list of thousands opens at once and
-/// still is, a moment later, all there for assistive technology.
+/// Rows are kept across updates by their keys. Only visible ones are made at once, the others a few
+/// per turn of the event loop: a list of thousands opens immediately, and assistive technology
+/// still finds all of it a moment later.
 class RowList : public QWidget {
     Q_OBJECT
 
 public:
     static constexpr int gap = 2;
 
-    /// Makes a row, or when given one brings it up to date, for the place in the list.
+    /// Makes the row at `index`, or updates `row` if it is not null.
     using Provide = std::function<QWidget*(QWidget* row, qsizetype index)>;
 
     RowList(Provide provide, QWidget* parent);
 
-    /// The rows to show, in this order. Equal keys are told apart by their order.
+    /// Shows a row per key, in this order. Equal keys are distinguished by their order.
     void setRows(const QStringList& keys);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
-    /// The row at that place, null when it is not made yet.
+    /// Null if the row is not made yet.
     QWidget* row(qsizetype index) const;
 
     qsizetype count() const { return keys_.size(); }
@@ -41,7 +41,7 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    void makeRowsInSight();
+    void makeVisibleRows();
     void makeMoreRows();
     void makeRow(qsizetype index);
     void placeRow(qsizetype index);

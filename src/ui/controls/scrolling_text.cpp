@@ -19,7 +19,7 @@ ScrollingText::ScrollingText(const TextLook& look, ThemeColor color, QWidget* pa
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     viewport()->setAutoFillBackground(false);
     setWidget(label_);
-    label_->setAutoFillBackground(false); // setWidget() wants it filled
+    label_->setAutoFillBackground(false); // setWidget() switches it on
 }
 
 void ScrollingText::setText(const QString& text) {
@@ -46,11 +46,10 @@ QSize ScrollingText::minimumSizeHint() const {
 void ScrollingText::resizeEvent(QResizeEvent* event) {
     QScrollArea::resizeEvent(event);
     fit();
-    updateGeometry(); // the height that is needed goes by the width
+    updateGeometry(); // the height depends on the width
 }
 
-// The width of the bar counts only when there is one: where all of the text has room without it,
-// it takes the whole width.
+// Without a scroll bar the text has the whole width.
 void ScrollingText::fit() {
     const int whole = label_->heightForWidth(width());
     const bool scrolls = whole > height();

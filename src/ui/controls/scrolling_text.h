@@ -7,8 +7,8 @@
 
 namespace tarnwick {
 
-/// A text that is as high as it needs and, where there is less room, scrolls. Scrolls with the
-/// keyboard too: it takes the focus while a part of it is out of sight.
+/// A text as high as it needs that scrolls where there is less room, with the keyboard too: it
+/// accepts the focus while a part of it is not visible.
 class ScrollingText : public QScrollArea {
     Q_OBJECT
 
@@ -17,10 +17,9 @@ public:
 
     void setText(const QString& text);
 
-    /// As it was set.
     const QString& text() const { return label_->content(); }
 
-    /// How high it gets at most, in device-independent pixels.
+    /// Device-independent pixels.
     void setMaximumTextHeight(int height);
 
     QSize sizeHint() const override;

@@ -14,7 +14,7 @@ namespace tarnwick {
 SelectableLabel::SelectableLabel(const TextLook& look, QWidget* parent)
     : StyledLabel(look, ThemeColor::Label, parent) {
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    setFocusPolicy(Qt::StrongFocus); // a label that is not a link has that of a click only
+    setFocusPolicy(Qt::StrongFocus); // a QLabel would only accept clicks
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
     setCursor(Qt::IBeamCursor);
@@ -42,7 +42,7 @@ void SelectableLabel::elide() {
     const QString shown = textAdvance(font(), line_) <= width()
                               ? line_
                               : QFontMetrics(font()).elidedText(line_, Qt::ElideMiddle, width());
-    if (shown != text()) // setting it again would drop a selection
+    if (shown != text()) // setText() would drop the selection
         setText(shown);
 }
 
@@ -56,7 +56,7 @@ void SelectableLabel::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::Copy) && hasSelectedText())
         copySelection();
     else if (leavesLine || event->key() == Qt::Key_Escape)
-        event->ignore(); // the panel's: to move on, or to close
+        event->ignore(); // for the panel, which moves the focus or closes
     else
         StyledLabel::keyPressEvent(event);
 }
@@ -68,7 +68,7 @@ void SelectableLabel::copySelection() const {
 
 void SelectableLabel::focusInEvent(QFocusEvent* event) {
     StyledLabel::focusInEvent(event);
-    // As in a text field: what the keyboard arrives at is selected, which shows the focus too.
+    // As in a text field, focus by keyboard selects all, which also shows the focus.
     if (isKeyboardReason(event->reason()) && !hasSelectedText())
         setSelection(0, int(text().size()));
 }

@@ -5,8 +5,7 @@
 
 namespace tarnwick {
 
-/// One line of text that the user can select and copy with the mouse or the keyboard. Elided in
-/// the middle where it does not fit.
+/// One line of text that can be selected and copied with mouse or keyboard; elided in the middle.
 class SelectableLabel : public StyledLabel {
     Q_OBJECT
 

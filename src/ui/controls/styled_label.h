@@ -8,8 +8,8 @@
 
 namespace tarnwick {
 
-/// A label of plain text in one of the panel's looks and colours, which follow the user's font and
-/// palette. Derived labels say how a text too long is shown.
+/// A label of plain text whose look and colour follow the user's font and palette. Subclasses
+/// decide what happens to a text that does not fit.
 class StyledLabel : public QLabel {
     Q_OBJECT
 
@@ -25,7 +25,7 @@ public:
 
     QColor textColor() const { return themeColor(color_, palette()); }
 
-    /// The text as it came, of which the label may show only a part.
+    /// The full text, of which the label may show only a part.
     const QString& content() const { return content_; }
 
     void setContent(const QString& content);
@@ -33,9 +33,9 @@ public:
 protected:
     bool event(QEvent* event) override;
 
-    /// Takes over a changed content().
+    /// content() has changed.
     virtual void showContent() = 0;
-    /// Whether what is seen is less than the content.
+    /// Whether less than content() is visible.
     virtual bool isCut() const = 0;
 
 private:

@@ -14,9 +14,9 @@ namespace tarnwick {
 
 namespace {
 
-constexpr int panelTextWidth = 268; // of the panel without its paddings
+constexpr int panelTextWidth = 268; // the panel's width without padding
 
-/// Breaks the text into lines of that width; returns their height together.
+/// Breaks the text into lines of `width` and returns their total height.
 double breakIntoLines(QTextLayout& layout, int width, Qt::Alignment alignment) {
     QTextOption option(alignment | Qt::AlignAbsolute);
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);

@@ -5,7 +5,7 @@
 
 namespace tarnwick {
 
-/// As many lines of text as it takes. A word that is wider than a line is broken too.
+/// Text wrapped over as many lines as it needs. Breaks words that are wider than a line.
 class WrappedLabel : public StyledLabel {
     Q_OBJECT
 

@@ -6,7 +6,7 @@
 
 namespace tarnwick {
 
-/// The rows at the bottom of the panel that do something.
+/// The panel's list of actions.
 class ActionsView : public ContentColumn {
     Q_OBJECT
 

@@ -49,7 +49,7 @@ void DeviceRow::showDevice() {
     name_->setContent(device_.name);
     address_->setContent(device_.address);
     os_->setContent(device_.os);
-    // The dot's meaning, for who does not see it.
+    // What the dot shows, for assistive technology.
     setAccessibleDescription(device_.isOnline ? u"Online"_s : u"Offline"_s);
 }
 
@@ -97,7 +97,7 @@ void DeviceRow::paintEvent(QPaintEvent*) {
 
 DevicesSubmenu::DevicesSubmenu(QWidget* parent)
     : PopoverRow(parent), count_(new ElidedLabel(grid.look, ThemeColor::Secondary, this)) {
-    count_->setAttribute(Qt::WA_TransparentForMouseEvents); // the whole row is to be clicked on
+    count_->setAttribute(Qt::WA_TransparentForMouseEvents); // clicks are the row's
 }
 
 void DevicesSubmenu::setContent(const PanelContent::Devices& content) {
@@ -139,7 +139,8 @@ PopoverList* DevicesSubmenu::makeList() {
     auto* list = new PopoverList(maximumListHeight, [this](QWidget* row, qsizetype index) {
         return provideRow(row, index);
     });
-    list->scrollArea()->setFocusPolicy(Qt::StrongFocus); // nothing else in it takes the arrow keys
+    list->scrollArea()->setFocusPolicy(
+        Qt::StrongFocus); // to scroll with the arrow keys: the rows accept no focus
     return list;
 }
 

@@ -9,7 +9,7 @@
 
 namespace tarnwick {
 
-/// One device of the list: its dot, name, address and operating system. Only shows.
+/// A device of the list: online dot, name, address and operating system. Display only.
 class DeviceRow : public QWidget {
     Q_OBJECT
 
@@ -45,7 +45,7 @@ private:
     ElidedLabel* os_;
 };
 
-/// The panel's entry for the other devices of the network, which lists them in a popover.
+/// The panel's "Devices" row, which lists the network's other devices in a popover.
 class DevicesSubmenu : public PopoverRow {
     Q_OBJECT
 

@@ -16,8 +16,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Between a popover's closing and the panel's becoming active again, no window may be active for
-/// as long as the window manager takes.
+/// How long the window manager may take to activate the panel again after a popover has closed;
+/// meanwhile no window is active.
 constexpr int handOverMilliseconds = 300;
 
 } // namespace
@@ -63,7 +63,7 @@ bool MenuBarView::isOrdinaryWindow() const {
 }
 
 void MenuBarView::openAs(Qt::WindowFlags newFlags, const QPoint& topLeft) {
-    // Qt adds flags of its own; this one tells the two apart. Setting flags hides the window.
+    // Compares one flag, since Qt adds others, and only on a change, since it hides the window.
     if (isOrdinaryWindow() == newFlags.testFlag(Qt::FramelessWindowHint))
         setWindowFlags(newFlags);
     const QRect opened(topLeft, panelSize());
@@ -79,7 +79,7 @@ void MenuBarView::openAs(Qt::WindowFlags newFlags, const QPoint& topLeft) {
 
 void MenuBarView::setVisible(bool visible) {
     if (visible && !isVisible()) {
-        render(); // so that the first frame is up to date
+        render(); // the first frame must be up to date
         resize(panelSize());
     }
     FramelessWindow::setVisible(visible);

@@ -16,12 +16,11 @@
 
 namespace tarnwick {
 
-/// The panel under the tray icon: a frameless window, 300 wide and as high as its contents.
+/// The panel under the tray icon: a frameless window of fixed width, as high as its contents.
 ///
-/// Reads the controller and changes nothing: what its controls ask for goes to `perform`. Renders
-/// once per turn of the event loop at most, not while hidden, and not when what it shows stays the
-/// same. Closes on Escape and when another window becomes active, unless that is one of its own
-/// popovers.
+/// Renders the controller's state, though not while hidden and only if the content differs; the
+/// controls' commands go to `perform`. Closes on Escape and when a window other than its popovers
+/// becomes active.
 class MenuBarView : public FramelessWindow {
     Q_OBJECT
 
@@ -34,30 +33,29 @@ public:
     MenuBarView(const MenuBarView&) = delete;
     MenuBarView& operator=(const MenuBarView&) = delete;
 
-    /// Size in which the panel would open now; its contents are brought up to date first.
+    /// Updates the contents and returns the size in which the panel would open.
     QSize panelSize();
 
-    /// Contents beyond this height scroll. Set it to that of the work area before opening.
+    /// Contents beyond this height scroll. To be set to the height of the work area.
     void setMaximumPanelHeight(int height);
 
-    /// Shows the panel with its corner there, and activates it. While open it grows and shrinks at
-    /// its bottom, or at its top where it was opened at the bottom of the screen.
+    /// Shows and activates the panel. Opened in the lower half of the screen it grows upwards.
     void openAt(const QPoint& topLeft);
 
-    /// Shows the panel as an ordinary window with a title bar, for where there is no icon to hang
-    /// it under. It stays when another window becomes active.
+    /// Shows the panel as an ordinary window with a title bar, for systems without an icon to open
+    /// it from. It stays open when another window becomes active.
     void openAsWindowAt(const QPoint& topLeft);
 
-    /// How often the contents were rendered so far.
+    /// Number of renderings so far.
     int renderCount() const { return renderCount_; }
 
     void setVisible(bool visible) override;
 
 Q_SIGNALS:
-    /// The panel was hidden, for whatever reason.
+    /// The panel was hidden, for any reason.
     void closed();
-    /// The panel closes because another window became active; comes before closed(). A click on
-    /// the tray icon does this to an open panel before it arrives as a click.
+    /// Another window became active; emitted before closed(). A click on the tray icon causes this
+    /// before it arrives as a click.
     void dismissedByDeactivation();
 
 protected:
@@ -84,7 +82,7 @@ private:
     PanelColumn* column_;
     std::optional<PanelContent> shown_;
     QTimer activationReview_;
-    QPointer<const QWidget> lastActive_; // of the panel and its popovers
+    QPointer<const QWidget> lastActive_; ///< Of the panel and its popovers.
     int maximumPanelHeight_ = QWIDGETSIZE_MAX;
     int renderCount_ = 0;
     bool isRenderScheduled_ = false;

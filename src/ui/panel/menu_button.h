@@ -6,7 +6,7 @@
 
 namespace tarnwick {
 
-/// A row of the panel that does one thing: a symbol, a title, and the rest of the width.
+/// A row of the panel with a symbol and a title that performs one command.
 class MenuButton : public RowButton {
     Q_OBJECT
 

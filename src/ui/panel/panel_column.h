@@ -15,7 +15,7 @@ public:
 
     void setContent(const PanelContent& content);
 
-    /// Height that the contents take at that width.
+    /// Height of the contents at that width.
     int contentHeight(int width) const;
 
 private:

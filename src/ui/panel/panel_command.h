@@ -7,7 +7,7 @@
 
 namespace tarnwick {
 
-/// What a control of the panel asks for, as a value.
+/// What a control of the panel asks the program to do.
 struct PanelCommand {
     enum class Kind {
         SwitchProfile,
@@ -21,12 +21,12 @@ struct PanelCommand {
     };
 
     Kind kind = Kind::Refresh;
-    QString profileId = {}; ///< Of the profile to switch to or to remove.
+    QString profileId = {}; ///< Only for the commands on profiles.
 
     bool operator==(const PanelCommand&) const = default;
 };
 
-/// Carries out what the panel's controls ask for. Called on the main thread, once a press.
+/// Carries out a command. Called on the main thread, once per press.
 using PerformCommand = std::function<void(const PanelCommand&)>;
 
 } // namespace tarnwick

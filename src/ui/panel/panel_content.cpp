@@ -58,7 +58,7 @@ void addSwitchActions(QList<PanelContent::Action>& actions, const DaemonState& s
 }
 
 void addConnectActions(QList<PanelContent::Action>& actions, const DaemonState& state) {
-    // Logging in comes first where there is no log-in or no daemon to switch with.
+    // Without a log-in or a daemon there is nothing to switch to.
     const bool canPick = state.backendState != "NeedsLogin"_L1 && state.daemonInstalled;
     if (canPick && !state.profiles.isEmpty()) {
         actions.append(PanelContent::ProfilePicker{

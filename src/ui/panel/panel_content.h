@@ -13,13 +13,13 @@
 
 namespace tarnwick {
 
-/// All that the panel shows, from top to bottom, as one value. Widgets render it and nothing else.
+/// Everything that the panel shows, from top to bottom, as a value that the widgets render.
 struct PanelContent {
     struct Header {
         QString symbol;
         QString title;
         QString status;
-        ThemeColor color = ThemeColor::Secondary; ///< Of the symbol and the status.
+        ThemeColor color = ThemeColor::Secondary; ///< Of symbol and status.
 
         bool operator==(const Header&) const = default;
     };
@@ -27,7 +27,7 @@ struct PanelContent {
     struct InfoRow {
         QString label;
         QString value;
-        bool isSelectable = false; ///< Whether the user can select and copy the value.
+        bool isSelectable = false;
 
         bool operator==(const InfoRow&) const = default;
     };
@@ -41,7 +41,7 @@ struct PanelContent {
     struct Device {
         QString key;
         QString name;
-        QString address; ///< Empty when the device has none.
+        QString address; ///< Empty if the device has none.
         QString os;
         bool isOnline = false;
 
@@ -69,13 +69,13 @@ struct PanelContent {
         TextDesign subtitleDesign = TextDesign::Standard;
         bool isSelected = false;
         PanelCommand pick;
-        std::optional<PanelCommand> remove; ///< None: the profile cannot be removed here.
+        std::optional<PanelCommand> remove; ///< None if it cannot be removed.
 
         bool operator==(const Profile&) const = default;
     };
 
     struct ProfilePicker {
-        QString key; ///< Stays the same while the title counts on.
+        QString key; ///< Identity; the title changes with the count.
         QString title;
         QString symbol;
         QList<Profile> profiles;
@@ -105,19 +105,19 @@ struct PanelContent {
 
     using Section = std::variant<Header, Info, Devices, Error, Actions>;
 
-    QList<Section> sections; ///< A divider stands between each two.
+    QList<Section> sections; ///< Separated by dividers.
 
     bool operator==(const PanelContent&) const = default;
 
-    /// What the panel shows in that state of the controller.
+    /// What the panel shows for that state of the controller.
     static PanelContent of(const DaemonState& state);
 
-    /// The lines of a picker. With `showsCurrentSelection` the current profile is marked and
-    /// cannot be removed.
+    /// A picker's rows. With `showsCurrentSelection`, the current profile is marked and cannot be
+    /// removed.
     static QList<Profile> profileLines(const QList<NetworkProfile>& profiles,
                                        bool showsCurrentSelection);
 
-    /// The section of that kind, null when the panel has none.
+    /// The section of that type, or null.
     template <typename Kind>
     const Kind* find() const {
         for (const Section& section : sections)

@@ -39,13 +39,13 @@ HeaderView::HeaderView(QWidget* parent)
     : QWidget(parent), symbol_(new SymbolView(TextStyle::Title2, this)),
       title_(new ElidedLabel({TextStyle::Headline}, ThemeColor::Label, this)),
       status_(new ElidedLabel({TextStyle::Caption}, ThemeColor::Secondary, this)) {
-    // The symbol is larger than those of the rows: half of what it is wider stands over its column
-    // on each side, so that its middle and the texts' edge are those of the rows.
+    // The symbol is larger than the rows' symbols and overhangs their column on both sides, so that
+    // centres and text edges line up with the rows.
     const int overhang = (symbol_->sizeHint().width() - symbolColumnWidth()) / 2;
     const int left = RowGeometry::horizontalPadding - overhang;
     const int textLeft = RowGeometry::horizontalPadding + symbolColumnWidth() + RowGeometry::gap;
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(left, 12, left, 12); // equal, for layouts do not mirror margins
+    row->setContentsMargins(left, 12, left, 12); // equal, because layouts do not mirror margins
     row->setSpacing(textLeft - left - symbol_->sizeHint().width());
     auto* texts = new QVBoxLayout;
     texts->setSpacing(2);

@@ -13,8 +13,7 @@
 
 namespace tarnwick {
 
-/// A symbol in the panel's column of symbols. One larger than the column stands over on both
-/// sides, so that the middles of all symbols lie on one line.
+/// A symbol of the size that goes with a text style.
 class SymbolView : public QWidget {
     Q_OBJECT
 
@@ -38,7 +37,7 @@ private:
     ThemeColor color_ = ThemeColor::Label;
 };
 
-/// The top of the panel: where this machine's connection stands.
+/// The top of the panel: the state of the connection.
 class HeaderView : public QWidget {
     Q_OBJECT
 
@@ -57,7 +56,7 @@ private:
     ElidedLabel* status_;
 };
 
-/// Labels at the left and this machine's values at the right, one a line.
+/// This machine's address and host name, one row each.
 class InfoView : public QWidget {
     Q_OBJECT
 
@@ -76,7 +75,7 @@ private:
     QList<StyledLabel*> values_;
 };
 
-/// The last failure, in as many lines as it takes.
+/// The last error, wrapped.
 class ErrorView : public QWidget {
     Q_OBJECT
 

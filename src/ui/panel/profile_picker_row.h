@@ -6,7 +6,7 @@
 
 namespace tarnwick {
 
-/// A row that lists network profiles in a popover, to pick or to remove one.
+/// A row that opens a popover of network profiles, each of which can be picked or removed.
 class ProfilePickerRow : public PopoverRow {
     Q_OBJECT
 

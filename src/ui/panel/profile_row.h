@@ -9,12 +9,12 @@
 
 namespace tarnwick {
 
-/// The trash can at the end of a profile's line.
+/// The trash can at the end of a profile's row.
 class RemoveButton : public RowButton {
     Q_OBJECT
 
 public:
-    static constexpr int sideLength = 24; ///< Of the square to click on.
+    static constexpr int sideLength = 24; ///< Of the clickable square.
 
     explicit RemoveButton(QWidget* parent);
 
@@ -23,19 +23,19 @@ protected:
     QString tooltipText() const override;
 };
 
-/// Picks a profile: a mark that says whether it is the selected one, and two lines of text.
+/// Picks a profile: a mark for the selected one, and two lines of text.
 class ProfileButton : public RowButton {
     Q_OBJECT
 
 public:
     static constexpr int horizontalPadding = 12;
-    static constexpr int lineGap = 1; ///< Between its two lines of text.
+    static constexpr int lineGap = 1; ///< Between the two lines of text.
 
     explicit ProfileButton(QWidget* parent);
 
     void setProfile(const PanelContent::Profile& profile);
 
-    /// Room at the end of the row that belongs to another control.
+    /// Room for another control at the end of the row.
     void setReservedWidth(int width);
 
     const QString& markSymbol() const { return markSymbol_; }
@@ -61,7 +61,7 @@ private:
     int reservedWidth_ = 0;
 };
 
-/// One profile of a picker: all of the line picks it, but for the trash can at its end.
+/// A profile of a picker: clicking the row picks it, the trash can at its end removes it.
 class ProfileRow : public QWidget {
     Q_OBJECT
 
@@ -74,7 +74,7 @@ public:
 
     ProfileButton* pickButton() const { return pick_; }
 
-    /// Hidden when the profile cannot be removed.
+    /// Hidden if the profile cannot be removed.
     RemoveButton* removeButton() const { return remove_; }
 
 protected:

@@ -25,17 +25,18 @@ QColor withOpacity(QColor color, double opacity) {
     return color;
 }
 
-/// Moves the colour away from the ground, towards white or black, until it stands out on the
-/// ground and on a highlighted row.
+/// Moves the colour towards white or black until it has that contrast on the background and on
+/// a highlighted row.
 QColor standingOut(const QColor& color, const QPalette& palette, double contrast) {
-    const QColor ground = backgroundColor(palette);
-    const QColor highlighted = blended(highlightColor(palette), ground);
-    const bool towardsWhite = contrastRatio(Qt::white, ground) > contrastRatio(Qt::black, ground);
+    const QColor background = backgroundColor(palette);
+    const QColor highlighted = blended(highlightColor(palette), background);
+    const bool towardsWhite =
+        contrastRatio(Qt::white, background) > contrastRatio(Qt::black, background);
     const QColor end = towardsWhite ? Qt::white : Qt::black;
     constexpr int steps = 50;
     for (int step = 0; step < steps; ++step) {
         const QColor candidate = blended(withOpacity(end, double(step) / steps), color);
-        if (std::min(contrastRatio(candidate, ground), contrastRatio(candidate, highlighted)) >=
+        if (std::min(contrastRatio(candidate, background), contrastRatio(candidate, highlighted)) >=
             contrast)
             return candidate;
     }
@@ -99,13 +100,14 @@ double contrastRatio(const QColor& one, const QColor& other) {
     return (lighter + 0.05) / (darker + 0.05);
 }
 
-QColor blended(const QColor& over, const QColor& ground) {
+QColor blended(const QColor& over, const QColor& background) {
     const float alpha = over.alphaF();
     const auto mix = [alpha](float top, float bottom) {
         return top * alpha + bottom * (1 - alpha);
     };
-    return QColor::fromRgbF(mix(over.redF(), ground.redF()), mix(over.greenF(), ground.greenF()),
-                            mix(over.blueF(), ground.blueF()));
+    return QColor::fromRgbF(mix(over.redF(), background.redF()),
+                            mix(over.greenF(), background.greenF()),
+                            mix(over.blueF(), background.blueF()));
 }
 
 } // namespace tarnwick

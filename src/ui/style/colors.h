@@ -6,37 +6,37 @@
 
 namespace tarnwick {
 
-/// The colours of texts and symbols, by meaning.
+/// Semantic colours of texts and symbols.
 enum class ThemeColor { Label, Secondary, Green, Orange, Red };
 
-/// Whether the palette is one of light texts on a dark ground.
+/// Whether the palette has light text on a dark background.
 bool isDark(const QPalette& palette);
 
-/// The ground of panel, popovers and windows.
+/// The background of panel, popovers and windows.
 QColor backgroundColor(const QPalette& palette);
 
-/// The named colour in that palette: legible as text (4.5 : 1 or more) on the ground and on a
-/// highlighted row, whatever palette the user has chosen.
+/// The colour for that palette, adjusted until it is legible as text (4.5 : 1 or more) on the
+/// background and on a highlighted row.
 QColor themeColor(ThemeColor color, const QPalette& palette);
 
-/// Laid over the ground of a row under the pointer, or whose popover is open.
+/// Drawn over the background of a row under the pointer, or whose popover is open.
 QColor highlightColor(const QPalette& palette);
 
 QColor dividerColor(const QPalette& palette);
 
-/// The edge of panel and popovers.
+/// The outline of panel, popovers, fields and buttons.
 QColor borderColor(const QPalette& palette);
 
-/// The ring around a control that has the keyboard's focus: 3 : 1 or more on the ground.
+/// The focus ring: 3 : 1 or more on the background.
 QColor focusColor(const QPalette& palette);
 
 /// The dot of a device that is offline.
 QColor offlineDotColor();
 
-/// Contrast of two opaque colours as WCAG defines it, 1 to 21.
+/// Contrast ratio of two opaque colours as WCAG defines it, 1 to 21.
 double contrastRatio(const QColor& one, const QColor& other);
 
-/// What the eye sees where a translucent colour covers an opaque one.
-QColor blended(const QColor& over, const QColor& ground);
+/// The opaque result of drawing a translucent colour over `background`.
+QColor blended(const QColor& over, const QColor& background);
 
 } // namespace tarnwick

@@ -17,14 +17,14 @@ namespace {
 
 constexpr QSize displaySize{18, 18};
 
-/// The file that `text` stands for, "" when it stands for none.
+/// The bytes that `text` encodes, empty if it is not base64.
 QByteArray decodedText(const QByteArray& text) {
     const auto bytes =
         QByteArray::fromBase64Encoding(text, QByteArray::AbortOnBase64DecodingErrors);
     return bytes ? bytes.decoded : QByteArray();
 }
 
-/// Whether a file is a PNG from its first bytes to its last; its pixels may still be no picture.
+/// Whether a file begins and ends as a PNG does; its pixels may still be corrupt.
 bool isWholePng(const QByteArray& file) {
     return file.startsWith("\x89PNG\r\n\x1a\n") && file.endsWith("IEND\xae\x42\x60\x82");
 }
@@ -32,7 +32,7 @@ bool isWholePng(const QByteArray& file) {
 QPixmap decodedPicture(QByteArray file) {
     QBuffer buffer(&file);
     QImageReader reader(&buffer, "png");
-    // Left to detect the format, Qt loads every image plug-in and asks it.
+    // Detecting the format would load every image plug-in.
     reader.setAutoDetectImageFormat(false);
     const QImage image = reader.read();
     if (image.isNull())
@@ -42,8 +42,8 @@ QPixmap decodedPicture(QByteArray file) {
     return pixmap;
 }
 
-/// The name of our symbolic icon when it is installed, else "". Looked for where packages put it:
-/// asking Qt would read the whole icon theme.
+/// The name of our symbolic icon if it is installed, else "". Looks only where packages install it,
+/// since QIcon would read the whole icon theme.
 QString installedThemeIcon() {
     const QString name = u"tarnwick-client-symbolic"_s;
     const QString file = u"icons/hicolor/symbolic/apps/"_s + name + u".svg"_s;
@@ -52,7 +52,7 @@ QString installedThemeIcon() {
 }
 
 QIcon networkSymbol() {
-    // Where nothing tints it, this grey is told from a dark panel as well as from a light one.
+    // Visible on dark and on light panels if nothing tints it.
     const QColor color(0x88, 0x88, 0x88);
     QIcon icon;
     for (const int size : {18, 22, 24, 36, 48})
@@ -72,8 +72,8 @@ MenuBarIcon MenuBarIcon::make(const Platform& platform, const QByteArray& text) 
             return {icon, displaySize, true, {}};
         }
     } else if (isWholePng(file)) {
-        // Nothing tints the picture here, and its light grey vanishes on a light panel: the same
-        // glyph is drawn instead, and the picture not even decoded.
+        // Nothing tints the picture here, and its light grey would vanish on a light panel: an
+        // outlined glyph is drawn instead.
         return {networkGlyphIcon(installedThemeIcon()), displaySize, false, {}};
     }
     const QIcon symbol = networkSymbol();

@@ -12,16 +12,15 @@ namespace tarnwick {
 
 namespace {
 
-// All lengths are parts of the icon's width.
+// Lengths are fractions of the icon's width.
 constexpr double hubRadius = 0.155;
 constexpr double satelliteRadius = 0.088;
 constexpr double orbit = 0.365;
 constexpr double lineWidth = 0.05;
 constexpr double outlineWidth = 0.045;
 
-/// From the hub to each satellite, a sixth of a turn apart. Known beforehand, and the lines are
-/// filled as polygons: angles and pens would load a quarter of a megabyte of tables and code at
-/// every start of the program.
+/// From the hub to each satellite. Constants, and lines filled as polygons, because trigonometry
+/// and pens would load a quarter of a megabyte of tables and code at every start.
 constexpr double sixtyDegreesAside = std::numbers::sqrt3 / 2;
 constexpr std::array<QPointF, 6> directions = {{{0, -1},
                                                 {sixtyDegreesAside, -0.5},
@@ -70,7 +69,7 @@ public:
         return pixmap;
     }
 
-    // A status-notifier icon is sent in the sizes named here.
+    // A status-notifier icon is sent in these sizes.
     QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override {
         return {{16, 16}, {22, 22}, {24, 24}, {32, 32}, {48, 48}, {64, 64}};
     }

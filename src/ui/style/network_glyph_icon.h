@@ -5,11 +5,10 @@
 
 namespace tarnwick {
 
-/// The hub and its six satellites in light grey with a dark outline: legible on dark and on light
-/// panels without being tinted, and sharp in every size.
+/// The hub and its six satellites in light grey with a dark outline, legible on dark and on light
+/// panels without tinting.
 ///
-/// `themeName` is offered to status areas that take the icon of that name from their own theme and
-/// tint it; "" when no theme has one.
+/// `themeName` is for status areas that prefer a themed icon, which they can tint; "" for none.
 QIcon networkGlyphIcon(const QString& themeName);
 
 } // namespace tarnwick

@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double cornerRadius = 4;
-constexpr int chevronWidth = 5; // of its ink, so that it ends where the texts' column ends
+constexpr int chevronWidth = 5; // of its ink, so that it ends at the padding
 
 QRect mirrored(const QWidget& widget, const QRect& rect) {
     return QStyle::visualRect(widget.layoutDirection(), widget.rect(), rect);
@@ -32,7 +32,7 @@ int scaled(int size) {
 }
 
 int symbolSize(TextStyle style) {
-    // The symbols' box is a quarter larger than the letters' size, so that their ink matches.
+    // A symbol's box is a quarter larger than the font size, so that its ink matches the letters.
     return qRound(scaledSize(style) * 1.25);
 }
 
@@ -65,7 +65,7 @@ void paintHighlight(QPainter& painter, const QRect& rect, const QPalette& palett
 }
 
 void paintFocusRing(QPainter& painter, const QRect& rect, const QPalette& palette) {
-    constexpr double inset = 2; // clear of the panel's border
+    constexpr double inset = 2; // keeps clear of the panel's border
     constexpr double width = 2;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(focusColor(palette), width));

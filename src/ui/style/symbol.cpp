@@ -6,7 +6,7 @@
 #include <QPixmapCache>
 #include <QSvgRenderer>
 
-// In a static library the symbols are left out unless something asks for them by name.
+// The linker drops resources of a static library unless they are initialised by name.
 static void loadSymbols() {
     Q_INIT_RESOURCE(symbols);
 }

@@ -12,7 +12,7 @@ enum class TextWeight { Natural, Medium, Semibold };
 
 enum class TextDesign { Standard, Monospaced };
 
-/// How a text looks. Natural is semibold for the headline and regular for the others.
+/// Style, weight and design of a text. Natural is semibold for the headline, else regular.
 struct TextLook {
     TextStyle style = TextStyle::Body;
     TextWeight weight = TextWeight::Natural;
@@ -24,11 +24,11 @@ struct TextLook {
     QFont font() const;
 };
 
-/// Size in device-independent pixels for a user who has not changed the size of texts.
+/// Size in device-independent pixels at a text scale of 1.
 int nominalSize(TextStyle style);
 
-/// Factor by which the user wants texts larger or smaller than usual. Systems differ in their
-/// usual size (9 to 11 points); none of these counts as a wish.
+/// Factor by which the user changed the text size. Default fonts of 9 to 11 points count as 1,
+/// since systems differ in theirs.
 double userTextScale();
 
 /// nominalSize() times userTextScale(), in whole pixels.

@@ -73,7 +73,7 @@ void AuthKeyView::layOut() {
 }
 
 void AuthKeyView::fitTexts() {
-    // Wide enough for its longer title, so that it does not move under the pointer.
+    // Wide enough for the longer title, so that the button keeps its size while connecting.
     const int longerTitle = connectButton_->fontMetrics().horizontalAdvance(u"Connecting..."_s);
     connectButton_->setMinimumWidth(longerTitle + 2 * buttonPadding);
     const int needed = layout()->minimumHeightForWidth(formSize.width());
@@ -82,7 +82,7 @@ void AuthKeyView::fitTexts() {
 
 bool AuthKeyView::event(QEvent* event) {
     if (event->type() == QEvent::LayoutRequest)
-        fitTexts(); // they grow with the user's font
+        fitTexts(); // the texts grow with the font
     return QWidget::event(event);
 }
 

@@ -16,22 +16,23 @@ namespace tarnwick {
 
 class ScrollingText;
 
-/// What the auth-key form is made of besides the controller.
+/// What the auth-key form needs besides the controller.
 struct AuthKeyViewOptions {
-    QString computerName;                          ///< Becomes the device name that it starts with.
-    std::chrono::milliseconds retryInterval{1000}; ///< Between two looks at the status.
+    QString computerName;                          ///< Cleaned, the initial device name.
+    std::chrono::milliseconds retryInterval{1000}; ///< Between two status refreshes.
     std::function<void()> onClose;                 ///< Main thread; may delete the view.
 };
 
 /// The form that joins this machine to a network with a device name and an auth key.
 ///
-/// Logs in, then waits for the connection and closes itself. The waiting goes on when the view is
-/// gone: whoever closes the form by hand need not keep it from coming to its end.
+/// Logs in, then refreshes the status until the machine is connected and closes itself. The
+/// refreshes go on after the view is gone.
 class AuthKeyView : public QWidget {
     Q_OBJECT
 
 public:
-    static constexpr QSize formSize{400, 340}; ///< Device-independent pixels, at the usual font.
+    static constexpr QSize formSize{400,
+                                    340}; ///< Device-independent pixels; higher with a larger font.
 
     AuthKeyView(std::shared_ptr<DaemonManager> daemon, AuthKeyViewOptions options,
                 QWidget* parent = nullptr);

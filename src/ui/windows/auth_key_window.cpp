@@ -12,10 +12,10 @@ using namespace Qt::StringLiterals;
 AuthKeyWindow::AuthKeyWindow(AuthKeyWindowOptions options) : options_(std::move(options)) {}
 
 AuthKeyWindow::~AuthKeyWindow() {
-    delete window_->release(); // no event loop may be left to do it later
+    delete window_->release(); // there may be no event loop for deleteLater()
 }
 
-// Its own button may be the one that closes it.
+// Not at once: one of the window's buttons may be on the stack.
 void AuthKeyWindow::DeleteLater::operator()(FloatingDialog* window) const {
     window->close();
     window->deleteLater();

@@ -13,13 +13,13 @@
 
 namespace tarnwick {
 
-/// What the auth-key window needs besides the controller, with the real things as defaults.
+/// Dependencies of the auth-key window, by default the real ones.
 struct AuthKeyWindowOptions {
     std::function<QString()> computerName = hostPlatform().computerName;
-    std::chrono::milliseconds retryInterval{1000}; ///< Between two looks at the status.
+    std::chrono::milliseconds retryInterval{1000}; ///< Between two status refreshes.
 };
 
-/// Opens the window with the auth-key form, one at a time. Main thread.
+/// Opens the window with the auth-key form, at most one at a time. Main thread.
 class AuthKeyWindow {
 public:
     explicit AuthKeyWindow(AuthKeyWindowOptions options = {});
@@ -27,11 +27,10 @@ public:
     AuthKeyWindow(const AuthKeyWindow&) = delete;
     AuthKeyWindow& operator=(const AuthKeyWindow&) = delete;
 
-    /// Opens a fresh window in the middle of the screen and brings it to the front. One that is
-    /// open already is closed, with what was typed into it.
+    /// Opens a window with an empty form in the middle of the screen and closes an older one.
     void show(const std::shared_ptr<DaemonManager>& daemon);
 
-    /// The window that was shown last, until its form has closed it; hidden when the user did.
+    /// The last window, null once its form has closed it; hidden if the user closed it.
     FloatingDialog* window() const { return window_->get(); }
 
 private:
@@ -39,8 +38,8 @@ private:
         void operator()(FloatingDialog* window) const;
     };
 
-    // A form may want to close its window when this is long gone, or when another has taken the
-    // window's place, which it then closes.
+    // Shared with the form, which may close its window after this object is gone, and closes the
+    // newer window if there is one.
     using Holder = std::unique_ptr<FloatingDialog, DeleteLater>;
 
     AuthKeyWindowOptions options_;

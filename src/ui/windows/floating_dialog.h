@@ -5,16 +5,15 @@
 
 namespace tarnwick {
 
-/// A window of the program besides the panel: with a title bar, of a size that follows its
-/// contents, above the windows of other programs. A dialog of no parent, not a tool window, which
-/// macOS would hide with the program.
+/// A window with a title bar above all other windows. A dialog and not a Qt::Tool, which macOS
+/// hides while the program is inactive.
 class FloatingDialog : public QDialog {
     Q_OBJECT
 
 public:
     explicit FloatingDialog(const QString& title);
 
-    /// Shows it in the middle of the screen that the user works on, in front and active.
+    /// Shows and activates it in the middle of the screen that has the pointer.
     void present();
 };
 

@@ -17,7 +17,7 @@ constexpr int alertWidth = 460;
 constexpr int alertPadding = 24;
 constexpr int iconSize = 48;
 constexpr int textSpacing = 6;
-constexpr int linesInSight = 12; // of a text as long as a server wants it
+constexpr int visibleLines = 12; // an error text can have any length
 
 QLabel* makeIcon(QWidget* parent) {
     const QIcon ofProgram = QApplication::windowIcon();
@@ -60,13 +60,13 @@ QWidget* UpdateAlert::makeTexts(const UpdateDialog& content) {
     layout->addWidget(message);
     auto* informative = new ScrollingText({TextStyle::Body}, ThemeColor::Label, texts);
     informative->setFixedWidth(alertWidth - 2 * alertPadding - iconSize - (alertPadding - 8));
-    informative->setMaximumTextHeight(linesInSight * informative->minimumSizeHint().height());
+    informative->setMaximumTextHeight(visibleLines * informative->minimumSizeHint().height());
     informative->setText(content.informativeText);
     layout->addWidget(informative);
     return texts;
 }
 
-// Not a button box: that would order the buttons by the desktop's custom.
+// QDialogButtonBox would order the buttons by the desktop's convention.
 QWidget* UpdateAlert::makeButtons(const QList<UpdateDialogButton>& buttons) {
     auto* row = new QWidget(this);
     auto* layout = new QHBoxLayout(row);

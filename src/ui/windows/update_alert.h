@@ -8,16 +8,15 @@
 
 namespace tarnwick {
 
-/// The update dialog on the screen: in front of every other window of the program, and the only
-/// one that takes input until it is answered, which `finished` reports. Deletes itself then.
+/// Shows the update dialog, application-modal but without blocking the caller: `finished` reports
+/// the answer. Deletes itself when it is closed.
 class UpdateAlert : public FloatingDialog {
     Q_OBJECT
 
 public:
     using OpenPage = std::function<void(const QUrl&)>;
 
-    /// `openPage` is called once at most, when the dialog has gone, with the page that the pressed
-    /// button opens.
+    /// `openPage` is called at most once, after the dialog has closed, with the button's page.
     UpdateAlert(const UpdateDialog& content, OpenPage openPage);
 
 private:
