@@ -4,6 +4,7 @@
 #include "update/compare_versions.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <algorithm>
 #include <cstddef>
