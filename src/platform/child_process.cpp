@@ -25,7 +25,7 @@ namespace {
 
 // Only a grandchild that floods the pipe after the tool has ended reaches this; it must not exhaust
 // the memory.
-constexpr qsizetype outputLimit = qsizetype(16) * 1024 * 1024;
+constexpr int outputLimit = 16 * 1024 * 1024;
 
 /// The settings of posix_spawn() besides the program: streams, signals, descriptors.
 class SpawnSettings {
@@ -123,6 +123,7 @@ ChildProcess ChildProcess::start(const CommandLine& command, Output output) {
         child.startError_ = makePipe(ends);
         if (child.startError_ != 0)
             return child;
+        enlargePipe(ends[1], outputLimit);
     }
     child.pipe_ = ends[0];
 

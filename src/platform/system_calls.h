@@ -10,6 +10,9 @@ namespace tarnwick {
 /// Opens a pipe that no child of ours inherits. False with errno set.
 bool openPipe(int (&ends)[2]);
 
+/// Gives the pipe the largest buffer that the system allows, but not more than `limit` bytes.
+void enlargePipe(int end, int limit);
+
 /// Makes a child start without any descriptor of ours beyond its standard streams.
 void closeInheritedDescriptors(posix_spawnattr_t& attributes, posix_spawn_file_actions_t& actions,
                                short& flags);

@@ -1,13 +1,35 @@
 // SPDX-License-Identifier: MIT
 #include "platform/system_calls.h"
 
+#include <algorithm>
 #include <fcntl.h>
+#include <fstream>
 #include <unistd.h>
 
 namespace tarnwick {
 
+namespace {
+
+constexpr int usualPipe = 64 * 1024;
+
+int largestPipe() {
+    int size = usualPipe;
+    std::ifstream("/proc/sys/fs/pipe-max-size") >> size;
+    return size;
+}
+
+} // namespace
+
 bool openPipe(int (&ends)[2]) {
     return pipe2(ends, O_CLOEXEC) == 0;
+}
+
+// Refused when all pipes of this user together would be too large: then a smaller one may do.
+void enlargePipe(int end, int limit) {
+    const int present = fcntl(end, F_GETPIPE_SZ);
+    int size = std::min(largestPipe(), limit);
+    while (size > present && fcntl(end, F_SETPIPE_SZ, size) < 0)
+        size /= 2;
 }
 
 void closeInheritedDescriptors(posix_spawnattr_t&, posix_spawn_file_actions_t& actions, short&) {
