@@ -141,7 +141,7 @@ TEST_F(CommandRunnerTest, FloodBlocksTheToolUntilTheLimitAndReadsAsTimedOut) {
 }
 
 TEST_F(CommandRunnerTest, WhatThePipeHoldsIsReturnedWhole) {
-    EXPECT_EQ(outputOf("head -c 65000 /dev/zero | tr '\\0' x"), QString(65000, u'x'));
+    EXPECT_EQ(outputOf("head -c 1000000 /dev/zero | tr '\\0' x"), QString(1'000'000, u'x'));
 }
 
 TEST_F(CommandRunnerTest, GrandchildThatHoldsThePipeCostsNoMoreThanTheLimit) {
