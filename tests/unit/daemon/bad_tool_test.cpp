@@ -61,7 +61,7 @@ const QList<BadTool> badTools = {
     {"HalfADocument", "printf '{\"BackendState\":\"Running\",\"Self\":{\"Onl'", std::nullopt},
     {"AnotherShape", "echo '{\"BackendState\":{\"Running\":true},\"Self\":7}'", std::nullopt},
     {"ThousandNestedArrays", "printf '%01000d%01000d' 0 0 | sed 's/0/[/g'", std::nullopt},
-    {"Megabyte", "head -c 1048576 /dev/zero | tr '\\0' x", timedOut},
+    {"MoreThanAnyPipeHolds", "head -c 20000000 /dev/zero | tr '\\0' x", timedOut},
 };
 
 class BadToolTest : public testing::TestWithParam<BadTool> {
