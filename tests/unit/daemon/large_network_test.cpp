@@ -26,8 +26,8 @@ QByteArray recordOf(int position) {
     const QByteArray record = key + R"(":{"HostName":")" + nameOf(position) +
                               R"(","OS":"linux","Online":true,"TailscaleIPs":["100.64.0.1"],)";
     const QByteArray padding = R"("Capabilities":")";
-    return record + padding +
-           QByteArray(recordSize - record.size() - padding.size() - 3, 'x') + "\"},";
+    return record + padding + QByteArray(recordSize - record.size() - padding.size() - 3, 'x') +
+           "\"},";
 }
 
 QByteArray statusOfThousandDevices() {
