@@ -15,6 +15,7 @@ namespace {
 
 constexpr qsizetype longestLine = 1024;
 constexpr std::chrono::milliseconds retryInterval{50};
+constexpr qsizetype mostCallers = 8;
 
 // Returns whether there is something to read before the deadline; the end of the stream counts.
 bool waitForText(const LocalSocket& socket, const QDeadlineTimer& deadline) {
@@ -35,14 +36,21 @@ QByteArray answerOn(const LocalSocket& socket, const QDeadlineTimer& deadline) {
 
 } // namespace
 
-/// The connection of a second launch. Deletes itself after its request.
+/// The connection of a second launch. Deletes itself after its request, or after a time without.
 class SingleInstanceChannel::Caller : public QObject {
 public:
     Caller(LocalSocket socket, SingleInstanceChannel& channel)
         : QObject(&channel), socket_(std::move(socket)), channel_(channel),
           notifier_(socket_.descriptor(), QSocketNotifier::Read) {
         connect(&notifier_, &QSocketNotifier::activated, this, &Caller::read);
+        QTimer::singleShot(channel.callerTimeout_, this, &QObject::deleteLater);
+        channel_.callers_.append(this);
     }
+
+    ~Caller() override { channel_.callers_.removeOne(this); }
+
+    Caller(const Caller&) = delete;
+    Caller& operator=(const Caller&) = delete;
 
 private:
     void read() {
@@ -66,8 +74,9 @@ private:
     QByteArray request_;
 };
 
-SingleInstanceChannel::SingleInstanceChannel(const QString& path)
-    : path_(path), socket_(LocalSocket::listeningAt(path)) {
+SingleInstanceChannel::SingleInstanceChannel(const QString& path,
+                                             std::chrono::milliseconds callerTimeout)
+    : path_(path), socket_(LocalSocket::listeningAt(path)), callerTimeout_(callerTimeout) {
     if (!socket_.isOpen())
         return;
     notifier_ = std::make_unique<QSocketNotifier>(socket_.descriptor(), QSocketNotifier::Read);
@@ -75,6 +84,8 @@ SingleInstanceChannel::SingleInstanceChannel(const QString& path)
 }
 
 SingleInstanceChannel::~SingleInstanceChannel() {
+    while (!callers_.isEmpty())
+        delete callers_.constLast();
     if (socket_.isOpen())
         QFile::remove(path_);
 }
@@ -82,6 +93,9 @@ SingleInstanceChannel::~SingleInstanceChannel() {
 void SingleInstanceChannel::serve() {
     LocalSocket caller = socket_.accept();
     if (caller.isOpen()) {
+        // A real one sends its request at once: the oldest is one that keeps silent.
+        if (callers_.size() == mostCallers)
+            delete callers_.constFirst();
         new Caller(std::move(caller), *this);
         return;
     }

@@ -4,6 +4,7 @@
 #include "desktop/local_socket.h"
 
 #include <QByteArray>
+#include <QList>
 #include <QObject>
 #include <QSocketNotifier>
 #include <QString>
@@ -21,7 +22,10 @@ class SingleInstanceChannel : public QObject {
 public:
     /// Listens at `path` and replaces what a crashed instance left there. Where that is impossible
     /// the program runs all the same, and a second launch fails.
-    explicit SingleInstanceChannel(const QString& path);
+    ///
+    /// A connection that has not sent its line after `callerTimeout` is closed.
+    explicit SingleInstanceChannel(
+        const QString& path, std::chrono::milliseconds callerTimeout = std::chrono::seconds(3));
     ~SingleInstanceChannel() override;
     SingleInstanceChannel(const SingleInstanceChannel&) = delete;
     SingleInstanceChannel& operator=(const SingleInstanceChannel&) = delete;
@@ -41,6 +45,8 @@ private:
 
     QString path_;
     LocalSocket socket_;
+    std::chrono::milliseconds callerTimeout_;
+    QList<Caller*> callers_;                    ///< Oldest first.
     std::unique_ptr<QSocketNotifier> notifier_; ///< Null when nothing listens.
 };
 

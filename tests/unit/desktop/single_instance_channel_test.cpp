@@ -7,7 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <future>
+#include <vector>
 
 namespace tarnwick {
 
@@ -104,6 +106,31 @@ TEST_F(SingleInstanceChannelTest, ASilentCallerHoldsUpNobody) {
     ASSERT_TRUE(silent.isOpen());
     EXPECT_TRUE(ask());
     EXPECT_EQ(tokens_.size(), 1);
+}
+
+TEST_F(SingleInstanceChannelTest, SilentCallersAreHungUpOnAfterAWhile) {
+    channel_ = std::make_unique<SingleInstanceChannel>(path_, std::chrono::milliseconds(50));
+    const auto silent = LocalSocket::connectedTo(path_);
+    const auto unfinished = LocalSocket::connectedTo(path_);
+    ASSERT_TRUE(unfinished.write("sho"));
+    EXPECT_TRUE(waitUntil([&] { return !silent.read() && !unfinished.read(); }));
+}
+
+TEST_F(SingleInstanceChannelTest, ManySilentCallersTakeFewDescriptorsAndKeepNobodyOut) {
+    channel_ = std::make_unique<SingleInstanceChannel>(path_, std::chrono::hours(1));
+    std::vector<LocalSocket> silent;
+    ASSERT_TRUE(waitUntil([&] { // as many as the system queues at a time
+        LocalSocket caller = LocalSocket::connectedTo(path_);
+        if (caller.isOpen())
+            silent.push_back(std::move(caller));
+        return silent.size() == 60;
+    }));
+    const auto isOpen = [](const LocalSocket& caller) {
+        return caller.read().has_value();
+    };
+    EXPECT_TRUE(
+        waitUntil([&] { return std::count_if(silent.begin(), silent.end(), isOpen) <= 8; }));
+    EXPECT_TRUE(ask());
 }
 
 TEST_F(SingleInstanceChannelTest, NoSocketIsLeftBehind) {
