@@ -4,6 +4,7 @@
 #include "app/command_line_options.h"
 #include "app/install_command.h"
 #include "app/tarnwick_app.h"
+#include "desktop/activation_token.h"
 #include "desktop/instance_lock.h"
 #include "desktop/qt_platform_choice.h"
 #include "desktop/session_paths.h"
@@ -26,9 +27,8 @@ namespace {
 constexpr int refusedStatus = 2;
 constexpr std::chrono::seconds launchTimeout{3};
 
-int runSecondLaunch(int argc, char** argv, const QString& socket) {
+int runSecondLaunch(int argc, char** argv, const QString& socket, const QByteArray& token) {
     const QCoreApplication application(argc, argv);
-    const QByteArray token = qgetenv("XDG_ACTIVATION_TOKEN");
     if (SingleInstanceChannel::askToShow(socket, token, launchTimeout))
         return 0;
     std::fputs("tarnwick-client: it is running already, but does not answer\n", stderr);
@@ -36,10 +36,11 @@ int runSecondLaunch(int argc, char** argv, const QString& socket) {
 }
 
 int runApplication(int argc, char** argv) {
+    const QByteArray activationToken = takeActivationToken();
     const SessionPaths paths = SessionPaths::ofThisSession();
     const InstanceLock lock(paths.lock);
     if (lock.state() == InstanceLock::State::HeldByOther)
-        return runSecondLaunch(argc, argv, paths.socket);
+        return runSecondLaunch(argc, argv, paths.socket, activationToken);
     spareQtAnUnresponsiveBus(argc, argv);
 
     // As arguments and not in the environment, which child processes inherit.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/tarnwick_app.h"
 
+#include "desktop/activation_token.h"
 #include "platform/service_addresses.h"
 #include "ui/style/menu_bar_icon.h"
 #include "ui/style/network_glyph_icon.h"
@@ -96,9 +97,7 @@ void TarnwickApp::showIcon() {
 }
 
 void TarnwickApp::showOnRequest(const QByteArray& activationToken) {
-    // Qt reads the token from the environment when it activates a window on Wayland.
-    if (!activationToken.isEmpty())
-        qputenv("XDG_ACTIVATION_TOKEN", activationToken);
+    const ActivationTokenScope token(activationToken);
     const std::optional<QRect> icon = iconGeometry();
     if (icon)
         presenter_.open(icon);

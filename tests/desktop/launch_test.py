@@ -46,6 +46,31 @@ class CommandLine(unittest.TestCase):
         self.assertNotEqual(self.run_client().returncode, 0)
 
 
+class ActivationToken(unittest.TestCase):
+    def test_that_of_a_launch_is_in_no_childs_environment(self):
+        with Desktop(tray="top") as desktop:
+            program = desktop.copy_client('#!/bin/sh\n{ env; echo; } >>"$0.environments"\n')
+
+            def environments():
+                return "".join(log.read_text() for log in
+                               program.parent.glob("tarnwick-*.environments")).split("\n\n")
+
+            def wait_for_runs(number):
+                wait_until(lambda: len(environments()) > number, "the tool to run")
+
+            client = desktop.start_client(
+                program=program, environment={"XDG_ACTIVATION_TOKEN": "token-of-the-first"})
+            desktop.wait_for_icon(client)
+            wait_for_runs(1)
+            second = desktop.start_client(
+                program=program, environment={"XDG_ACTIVATION_TOKEN": "token-of-the-second"})
+            self.assertEqual(second.wait(10), 0, second.output())
+            desktop.wait_for_panel(client)
+            wait_for_runs(len(environments()) + 1)
+            self.assertIn("BROWSER=echo", environments()[-2])
+            self.assertNotIn("token-of", "".join(environments()))
+
+
 class SecondLaunch(unittest.TestCase):
     def launch_again(self, desktop, **options):
         started = time.monotonic()
