@@ -51,6 +51,8 @@ int runApplication(int argc, char** argv) {
     int count = platforms.isEmpty() ? 1 : 3;
 
     QApplication application(count, arguments.data());
+    qunsetenv("XDG_ACTIVATION_TOKEN"); // that of this launch, which opens no window
+    qunsetenv("DESKTOP_STARTUP_ID");
     QApplication::setQuitOnLastWindowClosed(false);
     // Shown by status areas and screen readers.
     QCoreApplication::setApplicationName(u"Tarnwick Network"_s);

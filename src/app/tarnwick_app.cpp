@@ -103,6 +103,7 @@ void TarnwickApp::showOnRequest(const QByteArray& activationToken) {
         presenter_.open(icon);
     else
         presenter_.openAsWindow();
+    qunsetenv("XDG_ACTIVATION_TOKEN"); // what we start later has no claim to it
 }
 
 std::optional<QRect> TarnwickApp::iconGeometry() const {

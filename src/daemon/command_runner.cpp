@@ -17,9 +17,10 @@ QString timedOutText() {
 } // namespace
 
 CommandRunner::CommandRunner(QString cliPath, DaemonPaths paths, Timing timing,
-                             CancellationToken cancellation)
+                             CancellationToken cancellation, Environment environment)
     : cliPath_(std::move(cliPath)), paths_(std::move(paths)), timing_(timing),
-      cancellation_(std::move(cancellation)) {}
+      cancellation_(std::move(cancellation)), environment_(std::move(environment)),
+      toolEnvironment_(environment_.with("BROWSER", "echo")) {}
 
 QString CommandRunner::runCLIWithTimeout(const QStringList& arguments,
                                          Timing::Milliseconds timeout) const {
@@ -27,7 +28,8 @@ QString CommandRunner::runCLIWithTimeout(const QStringList& arguments,
     if (cancellation_.isCancelled()) // a second step of a command whose first was cut short
         return timedOutText();
     const QString socketFlag = u"--socket="_s + paths_.socketPath();
-    auto child = ChildProcess::start({cliPath_, QStringList(socketFlag) + arguments});
+    auto child =
+        ChildProcess::start({cliPath_, QStringList(socketFlag) + arguments}, toolEnvironment_);
     if (!child.isStarted())
         return u"error: "_s + qt_error_string(child.startError());
 
@@ -53,7 +55,7 @@ void CommandRunner::pause(Timing::Milliseconds duration) const {
 void CommandRunner::runSilently(const CommandLine& command, Timing::Milliseconds timeout) const {
     if (cancellation_.isCancelled())
         return;
-    auto child = ChildProcess::start(command, ChildProcess::Output::Discarded);
+    auto child = ChildProcess::start(command, environment_, ChildProcess::Output::Discarded);
     waitForEnd(child, QDeadlineTimer(timeout));
 }
 

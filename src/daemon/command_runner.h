@@ -5,6 +5,7 @@
 #include "daemon/timing.h"
 #include "platform/cancellation_token.h"
 #include "platform/child_process.h"
+#include "platform/environment.h"
 
 #include <QDeadlineTimer>
 #include <QString>
@@ -22,8 +23,8 @@ namespace tarnwick {
 /// a stop is requested nothing is started any more, and every run reads as timed out.
 class CommandRunner {
 public:
-    CommandRunner(QString cliPath, DaemonPaths paths, Timing timing,
-                  CancellationToken cancellation);
+    CommandRunner(QString cliPath, DaemonPaths paths, Timing timing, CancellationToken cancellation,
+                  Environment environment = Environment::ofThisProcess());
 
     /// Runs the tool with "--socket=…" and then `arguments`. Returns its standard output and error
     /// as they came, "" when they are not UTF-8; "error: connection timed out" when it still ran
@@ -48,6 +49,8 @@ private:
     DaemonPaths paths_;
     Timing timing_;
     CancellationToken cancellation_;
+    Environment environment_;
+    Environment toolEnvironment_; ///< A tool that would open a log-in page prints its address.
     std::shared_ptr<ChildReaper> reaper_ = std::make_shared<ChildReaper>();
 };
 

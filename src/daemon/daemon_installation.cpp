@@ -34,14 +34,14 @@ QString DaemonManager::launchDaemonPlistSource(const Platform& platform, const Q
 
 void DaemonManager::installAndStartDaemon(std::function<void(bool)> completion) {
     auto work = [weak = weak_from_this(), platform = platform_, tools = tools_, timing = timing_,
-                 bundleDir = bundleDir_, paths = paths_, cancellation = cancellation_,
-                 completion = std::move(completion)]() mutable {
+                 bundleDir = bundleDir_, paths = paths_, environment = environment_,
+                 cancellation = cancellation_, completion = std::move(completion)]() mutable {
         InstallOutcome outcome;
         if (!weak.expired()) {
             enterUserInitiatedQualityOfService();
             const QString line =
                 installLine(platform, tools, launchDaemonPlistSource(platform, bundleDir, paths));
-            outcome = runInstallation(platform.authorise(line), timing, cancellation);
+            outcome = runInstallation(platform.authorise(line), environment, timing, cancellation);
         }
         postToMainQueue([weak, outcome, completion = std::move(completion)] {
             if (const auto self = weak.lock()) {
@@ -56,9 +56,9 @@ void DaemonManager::installAndStartDaemon(std::function<void(bool)> completion) 
 
 // Waits as long as the user takes at the system's prompt.
 DaemonManager::InstallOutcome
-DaemonManager::runInstallation(const CommandLine& command, const Timing& timing,
-                               const CancellationToken& cancellation) {
-    auto child = ChildProcess::start(command);
+DaemonManager::runInstallation(const CommandLine& command, const Environment& environment,
+                               const Timing& timing, const CancellationToken& cancellation) {
+    auto child = ChildProcess::start(command, environment);
     if (!child.isStarted())
         return {false, u"Failed to install: "_s + qt_error_string(child.startError())};
     if (!child.waitForEnd(QDeadlineTimer::Forever, timing.pollStep, cancellation))

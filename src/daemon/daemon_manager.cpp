@@ -53,7 +53,7 @@ DaemonManager::DaemonManager(DaemonManagerOptions options)
       tools_(ToolPaths::resolve(platform_, options.machine, bundleDir_, options.homeDir)),
       details_(options.settings ? std::move(options.settings) : userSettings(platform_)),
       refresh_(timing_.profileRefreshInterval),
-      runner_(tools_.cliPath, paths_, timing_, cancellation_),
+      runner_(tools_.cliPath, paths_, timing_, cancellation_, environment_),
       workQueue_(u"com.tarnwick.client.daemon"_s, enterBackgroundQualityOfService) {
     installPool_.setMaxThreadCount(maxOpenPrompts);
     QObject::connect(&statusTimer_, &QTimer::timeout, &statusTimer_, [this] { refreshStatus(); });

@@ -134,7 +134,8 @@ private:
     // daemon_installation.cpp
     static QString launchDaemonPlistSource(const Platform& platform, const QString& bundleDir,
                                            const DaemonPaths& paths);
-    static InstallOutcome runInstallation(const CommandLine& command, const Timing& timing,
+    static InstallOutcome runInstallation(const CommandLine& command,
+                                          const Environment& environment, const Timing& timing,
                                           const CancellationToken& cancellation);
     void finishInstallation(const InstallOutcome& outcome);
     static void ensureDaemonRunning(const CommandRunner& runner, const CommandLine& nudge);
@@ -144,6 +145,7 @@ private:
     const QString bundleDir_;
     const DaemonPaths paths_;
     const ToolPaths tools_;
+    const Environment environment_ = Environment::ofThisProcess();
     ProfileDetailsStore details_;
 
     RefreshBookkeeping refresh_;

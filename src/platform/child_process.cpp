@@ -2,13 +2,13 @@
 #include "platform/child_process.h"
 
 #include "platform/cancellation_token.h"
+#include "platform/environment.h"
 #include "platform/pipe.h"
 #include "platform/system_calls.h"
 
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <cstring>
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
@@ -16,8 +16,6 @@
 #include <unistd.h>
 #include <utility>
 #include <vector>
-
-extern char** environ; // NOLINT(readability-redundant-declaration): not every system declares it
 
 namespace tarnwick {
 
@@ -78,45 +76,29 @@ private:
     posix_spawnattr_t attributes_ = {};
 };
 
-/// The texts of an argument or environment list, and the null-terminated array that exec takes.
-class TextArray {
+/// The texts of an argument list, and the null-terminated array that exec takes.
+class ArgumentArray {
 public:
-    void append(QByteArray text) { texts_.push_back(std::move(text)); }
-
-    char* const* data() {
-        pointers_.clear();
+    explicit ArgumentArray(const CommandLine& command) {
+        texts_.push_back(command.program.toLocal8Bit());
+        for (const QString& argument : command.arguments)
+            texts_.push_back(argument.toUtf8());
         for (QByteArray& text : texts_)
             pointers_.push_back(text.data());
         pointers_.push_back(nullptr);
-        return pointers_.data();
     }
+
+    char* const* data() const { return pointers_.data(); }
 
 private:
     std::vector<QByteArray> texts_;
     std::vector<char*> pointers_;
 };
 
-TextArray argumentsOf(const CommandLine& command) {
-    TextArray arguments;
-    arguments.append(command.program.toLocal8Bit());
-    for (const QString& argument : command.arguments)
-        arguments.append(argument.toUtf8());
-    return arguments;
-}
-
-TextArray childEnvironment() {
-    constexpr char browser[] = "BROWSER=";
-    TextArray entries;
-    for (char** entry = environ; entry != nullptr && *entry != nullptr; ++entry)
-        if (std::strncmp(*entry, browser, sizeof browser - 1) != 0)
-            entries.append(*entry);
-    entries.append("BROWSER=echo");
-    return entries;
-}
-
 } // namespace
 
-ChildProcess ChildProcess::start(const CommandLine& command, Output output) {
+ChildProcess ChildProcess::start(const CommandLine& command, const Environment& environment,
+                                 Output output) {
     ChildProcess child;
     int ends[2] = {-1, -1};
     if (output == Output::Captured) {
@@ -128,12 +110,11 @@ ChildProcess ChildProcess::start(const CommandLine& command, Output output) {
     child.pipe_ = ends[0];
 
     const SpawnSettings settings(ends[1]);
-    auto arguments = argumentsOf(command);
-    auto environment = childEnvironment();
+    const ArgumentArray arguments(command);
     pid_t pid = -1;
     child.startError_ =
         posix_spawn(&pid, command.program.toLocal8Bit().constData(), settings.actions(),
-                    settings.attributes(), arguments.data(), environment.data());
+                    settings.attributes(), arguments.data(), environment.pointers().data());
     if (child.startError_ == 0)
         child.pid_ = pid;
     if (ends[1] >= 0)

@@ -14,12 +14,12 @@
 namespace tarnwick {
 
 class CancellationToken;
+class Environment;
 
 /// Owns one child process and the read end of the pipe that its output goes to.
 ///
-/// The child gets this process's standard input and environment with `BROWSER` set to "echo"
-/// (a tool that wants to open a log-in page prints its address instead), default signal handling,
-/// and no other descriptor of ours. Destroying the owner closes the pipe; it neither kills nor
+/// The child gets this process's standard input, default signal handling, and no other descriptor
+/// of ours. Destroying the owner closes the pipe; it neither kills nor
 /// waits. A caller that leaves a child running passes its `release()`d id to a ChildReaper.
 ///
 /// Not thread-safe: one object is used by one thread at a time.
@@ -31,7 +31,8 @@ public:
     };
 
     /// Starts `command`. A failure shows in isStarted() and startError().
-    static ChildProcess start(const CommandLine& command, Output output = Output::Captured);
+    static ChildProcess start(const CommandLine& command, const Environment& environment,
+                              Output output = Output::Captured);
 
     ChildProcess(ChildProcess&& other) noexcept;
     ChildProcess& operator=(ChildProcess&&) = delete;

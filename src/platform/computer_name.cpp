@@ -3,6 +3,7 @@
 
 #include "platform/cancellation_token.h"
 #include "platform/child_process.h"
+#include "platform/environment.h"
 
 #include <QDeadlineTimer>
 #include <QFile>
@@ -56,7 +57,7 @@ QString computerNameFromMachineInfo() {
 QString computerNameFromSystemConfiguration() {
     const CommandLine scutil{QStringLiteral("/usr/sbin/scutil"),
                              {QStringLiteral("--get"), QStringLiteral("ComputerName")}};
-    auto child = ChildProcess::start(scutil);
+    auto child = ChildProcess::start(scutil, Environment::ofThisProcess());
     if (!child.isStarted())
         return {};
     const QDeadlineTimer deadline(1s);

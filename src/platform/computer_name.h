@@ -12,7 +12,8 @@ QString prettyHostname(const QString& machineInfo);
 /// The name that the user gave this computer: /etc/machine-info, else the host name.
 QString computerNameFromMachineInfo();
 
-/// The name that the user gave this Mac. Runs scutil and waits for it, a second at most.
+/// The name that the user gave this Mac. Runs scutil and waits for it, a second at most. Main
+/// thread.
 QString computerNameFromSystemConfiguration();
 
 } // namespace tarnwick

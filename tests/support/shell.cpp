@@ -2,7 +2,7 @@
 #include "support/shell.h"
 
 #include "platform/cancellation_token.h"
-#include "platform/child_process.h"
+#include "platform/environment.h"
 
 #include <QDir>
 #include <QFile>
@@ -32,13 +32,17 @@ QByteArrayList statesOfChildren() {
 
 } // namespace
 
+ChildProcess startChild(const CommandLine& command, ChildProcess::Output output) {
+    return ChildProcess::start(command, Environment::ofThisProcess(), output);
+}
+
 CommandLine shell(const char* script) {
     return {QStringLiteral("/bin/sh"), {QStringLiteral("-c"), QString::fromUtf8(script)}};
 }
 
 QByteArray outputOf(const CommandLine& command) {
     const QDeadlineTimer deadline(20s);
-    auto child = ChildProcess::start(command);
+    auto child = startChild(command);
     const QByteArray output = child.readOutput(deadline, CancellationToken());
     child.waitForEnd(deadline, 2ms, CancellationToken());
     return output;

@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/command_line.h"
+#include "platform/child_process.h"
 
 #include <QByteArray>
 
 namespace tarnwick::test {
+
+/// Starts `command` in this process's environment.
+ChildProcess startChild(const CommandLine& command,
+                        ChildProcess::Output output = ChildProcess::Output::Captured);
 
 /// The command line that runs `script` with sh.
 CommandLine shell(const char* script);

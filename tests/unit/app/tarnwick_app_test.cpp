@@ -21,9 +21,10 @@ namespace {
 class TarnwickAppTest : public testing::Test {
 protected:
     /// What a second launch asks of this one.
-    void requestPanel() {
-        auto asked = std::async(std::launch::async, [this] {
-            return SingleInstanceChannel::askToShow(socket_, {}, std::chrono::seconds(10));
+    void requestPanel(const QByteArray& activationToken = {}) {
+        auto asked = std::async(std::launch::async, [this, activationToken] {
+            return SingleInstanceChannel::askToShow(socket_, activationToken,
+                                                    std::chrono::seconds(10));
         });
         waitUntil(
             [&] { return asked.wait_for(std::chrono::seconds(0)) == std::future_status::ready; });
@@ -96,6 +97,14 @@ TEST_F(TarnwickAppTest, TheControllerGoesWithTheProgram) {
         requestPanel();
     }
     EXPECT_TRUE(controller.expired());
+}
+
+// It is good for one window of ours, and what the client starts would inherit it.
+TEST_F(TarnwickAppTest, ActivationTokenDoesNotStayInTheEnvironment) {
+    const TarnwickApp app(socket_, world_.options());
+    requestPanel("token-of-one-launch");
+    ASSERT_TRUE(waitUntil([] { return !QApplication::topLevelWidgets().isEmpty(); }));
+    EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN"));
 }
 
 TEST_F(TarnwickAppTest, NoWindowShowsBeforeOneIsAskedFor) {

@@ -42,7 +42,7 @@ TEST(ChildProcessDescriptors, ChildGetsItsStandardStreamsAlone) {
 
 TEST(ChildProcessDescriptors, SilentChildWritesToTheNullDevice) {
     const auto child = [] {
-        auto started = ChildProcess::start(
+        auto started = test::startChild(
             shell("[ /dev/stdout -ef /dev/null ] && [ /dev/stderr -ef /dev/null ]"),
             ChildProcess::Output::Discarded);
         EXPECT_TRUE(started.waitForEnd(QDeadlineTimer(20'000), std::chrono::milliseconds(5),
@@ -84,7 +84,7 @@ TEST(ChildProcessDescriptors, OutOfDescriptorsIsAStartFailure) {
     const auto check = [] {
         while (open("/dev/null", O_RDONLY | O_CLOEXEC) >= 0) {
         }
-        return !ChildProcess::start({u"/bin/true"_s, {}}).isStarted();
+        return !test::startChild({u"/bin/true"_s, {}}).isStarted();
     };
     EXPECT_EQ(inAProcessWithout({}, check), 0);
 }

@@ -32,7 +32,7 @@ int largestPipe() {
 
 /// A child that prints so many bytes.
 ChildProcess printing(int bytes) {
-    return ChildProcess::start(
+    return test::startChild(
         {u"/usr/bin/head"_s, {u"-c"_s, QString::number(bytes), u"/dev/zero"_s}});
 }
 

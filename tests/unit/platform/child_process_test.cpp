@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/cancellation_token.h"
 #include "platform/child_process.h"
+#include "platform/environment.h"
 #include "support/printing.h"
 #include "support/shell.h"
 #include "support/waiting.h"
@@ -53,17 +54,26 @@ TEST(ChildProcess, ArgumentsArriveExactlyAsGiven) {
     EXPECT_EQ(printed, arguments);
 }
 
-TEST(ChildProcess, BrowserIsEchoWhateverItWasAndTheRestOfTheEnvironmentStays) {
-    qputenv("BROWSER", "/usr/bin/some-browser");
+TEST(ChildProcess, EnvironmentIsTheGivenOne) {
     qputenv("TARNWICK_TEST_ENTRY", "kept = \xC3\xA9");
-    const auto lines = linesOf({u"/usr/bin/env"_s, {}});
+    const auto environment = Environment::ofThisProcess().with("TARNWICK_TEST_OTHER", "new");
     qunsetenv("TARNWICK_TEST_ENTRY");
-    qunsetenv("BROWSER");
-    EXPECT_EQ(lines.count(u"BROWSER=echo"_s), 1);
-    EXPECT_EQ(lines.filter(u"BROWSER="_s).size(), 1);
-    EXPECT_TRUE(lines.contains(u"TARNWICK_TEST_ENTRY=kept = \u00E9"_s));
-    EXPECT_TRUE(linesOf({u"/usr/bin/env"_s, {}}).contains(u"BROWSER=echo"_s))
-        << "and when it was not set at all";
+    auto child = ChildProcess::start({u"/usr/bin/env"_s, {}}, environment);
+    const QDeadlineTimer deadline(20s);
+    const auto lines = child.readOutput(deadline, CancellationToken()).split('\n');
+    EXPECT_TRUE(lines.contains("TARNWICK_TEST_ENTRY=kept = \xC3\xA9"));
+    EXPECT_TRUE(lines.contains("TARNWICK_TEST_OTHER=new"));
+    EXPECT_TRUE(child.waitForEnd(deadline, 2ms, CancellationToken()));
+}
+
+TEST(Environment, VariableThatIsSetReplacesThePresentOne) {
+    const auto environment = Environment::ofThisProcess().with("PATH", "/a").with("PATH", "/b");
+    QByteArrayList paths;
+    for (const char* entry : environment.pointers())
+        if (entry != nullptr && QByteArray(entry).startsWith("PATH="))
+            paths.append(entry);
+    EXPECT_EQ(paths, QByteArrayList{"PATH=/b"});
+    EXPECT_EQ(environment.pointers().back(), nullptr);
 }
 
 TEST(ChildProcess, StartFailuresAreReported) {
@@ -75,17 +85,17 @@ TEST(ChildProcess, StartFailuresAreReported) {
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("just text\n");
     file.close();
-    EXPECT_EQ(ChildProcess::start({u"/nonexistent/tool"_s, {}}).startError(), ENOENT);
-    EXPECT_EQ(ChildProcess::start({plain, {}}).startError(), EACCES);
-    EXPECT_EQ(ChildProcess::start({directory.path(), {}}).startError(), EACCES);
+    EXPECT_EQ(test::startChild({u"/nonexistent/tool"_s, {}}).startError(), ENOENT);
+    EXPECT_EQ(test::startChild({plain, {}}).startError(), EACCES);
+    EXPECT_EQ(test::startChild({directory.path(), {}}).startError(), EACCES);
     ASSERT_TRUE(QFile::setPermissions(plain, QFile::ReadOwner | QFile::ExeOwner));
-    EXPECT_EQ(ChildProcess::start({plain, {}}).startError(), ENOEXEC)
+    EXPECT_EQ(test::startChild({plain, {}}).startError(), ENOEXEC)
         << "no shell takes over what the system cannot run";
 }
 
 TEST(ChildProcess, EndedChildTellsWhetherItSucceeded) {
     const auto succeeded = [](const char* script) {
-        auto child = ChildProcess::start(shell(script));
+        auto child = test::startChild(shell(script));
         EXPECT_TRUE(child.waitForEnd(QDeadlineTimer(20s), 5ms, CancellationToken()));
         return child.hasSucceeded();
     };
@@ -121,8 +131,8 @@ TEST(ChildProcess, SignalsAreDefaultAndUnblockedThoughTheParentIgnoresAndBlocksT
 }
 
 TEST(ChildProcess, TerminateIsAPoliteSignal) {
-    auto child = ChildProcess::start(shell("trap 'echo asked; exit' TERM; echo ready; "
-                                           "while :; do sleep 0.01; done"));
+    auto child = test::startChild(shell("trap 'echo asked; exit' TERM; echo ready; "
+                                        "while :; do sleep 0.01; done"));
     ASSERT_TRUE(child.isRunning());
     QByteArray output;
     ASSERT_TRUE(test::waitUntil([&] {
@@ -136,7 +146,7 @@ TEST(ChildProcess, TerminateIsAPoliteSignal) {
 }
 
 TEST(ChildProcess, ReadingEndsAtTheDeadlineThoughAGrandchildHoldsThePipe) {
-    auto child = ChildProcess::start(shell("echo text; sleep 300 & echo $!; exit 0"));
+    auto child = test::startChild(shell("echo text; sleep 300 & echo $!; exit 0"));
     ASSERT_TRUE(child.waitForEnd(QDeadlineTimer(20s), 5ms, CancellationToken()));
     const auto lines = child.readOutput(QDeadlineTimer(50ms), CancellationToken()).split('\n');
     ASSERT_EQ(lines.size(), 3);
@@ -146,7 +156,7 @@ TEST(ChildProcess, ReadingEndsAtTheDeadlineThoughAGrandchildHoldsThePipe) {
 
 TEST(ChildProcess, StopEndsWaitingAndReadingAtOnce) {
     const CancellationToken cancellation;
-    auto child = ChildProcess::start(shell("exec sleep 300"));
+    auto child = test::startChild(shell("exec sleep 300"));
     cancellation.cancel();
     EXPECT_FALSE(child.waitForEnd(QDeadlineTimer::Forever, 1h, cancellation));
     EXPECT_EQ(child.readOutput(QDeadlineTimer::Forever, cancellation), "");
@@ -155,7 +165,7 @@ TEST(ChildProcess, StopEndsWaitingAndReadingAtOnce) {
 }
 
 TEST(ChildProcess, MovedFromOwnsNothing) {
-    auto first = ChildProcess::start(shell("echo x"));
+    auto first = test::startChild(shell("echo x"));
     auto second = std::move(first);
     EXPECT_FALSE(first.isRunning()); // NOLINT(bugprone-use-after-move): tested here
     EXPECT_TRUE(second.waitForEnd(QDeadlineTimer(20s), 5ms, CancellationToken()));
@@ -164,8 +174,8 @@ TEST(ChildProcess, MovedFromOwnsNothing) {
 }
 
 TEST(ChildReaper, CollectsThoseThatHaveEndedAndKeepsTheRest) {
-    auto ended = ChildProcess::start(shell("exit 0"));
-    auto running = ChildProcess::start(shell("exec sleep 300"));
+    auto ended = test::startChild(shell("exit 0"));
+    auto running = test::startChild(shell("exec sleep 300"));
     ChildReaper reaper;
     reaper.adopt(*ended.release());
     const pid_t sleeper = *running.release();
