@@ -16,7 +16,7 @@ namespace tarnwick {
 struct UpdateServiceOptions {
     QUrl manifestURL;                          ///< Where the manifest is published.
     QString installed;                         ///< The running version.
-    std::chrono::milliseconds timeLimit{8000}; ///< For the whole check, redirects included.
+    std::chrono::milliseconds timeLimit{8000}; ///< For the whole check: proxy, redirects.
     qsizetype bodyLimit = 1 << 20;             ///< Bytes of the body after unpacking.
 };
 
@@ -27,7 +27,7 @@ struct FetchFailure {
 
 using FetchResult = std::variant<QByteArray, FetchFailure>;
 
-/// Fetches the manifest over the network. Main thread.
+/// Fetches the manifest over the network, without a time limit. Lives on the thread that makes it.
 ///
 /// Implemented in a module that the first check loads: Qt's network library and its dependencies
 /// take more than a megabyte, and most days nobody checks.

@@ -2,10 +2,9 @@
 #include "update/update_service.h"
 
 #include "platform/service_addresses.h"
+#include "update/background_fetch.h"
 #include "update/compare_versions.h"
 #include "update/update_manifest.h"
-
-#include <QTimer>
 
 namespace tarnwick {
 
@@ -27,21 +26,13 @@ UpdateService::UpdateService(UpdateServiceOptions options) : options_(std::move(
 UpdateService::~UpdateService() = default;
 
 void UpdateService::check(Completion completion) {
-    if (!fetcher_) {
-        auto loaded = loadManifestFetcher();
-        if (const auto* failure = std::get_if<FetchFailure>(&loaded))
-            return fail(failure->reason, std::move(completion));
-        fetcher_ = std::get<0>(std::move(loaded));
-    }
-    // The completion may destroy the service.
-    fetcher_->fetch(options_, [this, completion = std::move(completion)](
-                                  const FetchResult& fetched) { completion(resultOf(fetched)); });
-}
-
-void UpdateService::fail(const QString& reason, Completion completion) {
-    QTimer::singleShot(0, &lifetime_, [reason, completion = std::move(completion)] {
-        completion(CheckError{reason});
-    });
+    // Owned by the context until it deletes itself. The completion may destroy the service.
+    new BackgroundFetch(
+        options_,
+        [this, completion = std::move(completion)](const FetchResult& fetched) {
+            completion(resultOf(fetched));
+        },
+        &lifetime_);
 }
 
 UpdateCheckResult UpdateService::resultOf(const FetchResult& fetched) const {

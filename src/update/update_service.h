@@ -9,7 +9,6 @@
 #include <QUrl>
 
 #include <functional>
-#include <memory>
 
 namespace tarnwick {
 
@@ -35,11 +34,9 @@ public:
 
 private:
     UpdateCheckResult resultOf(const FetchResult& fetched) const;
-    void fail(const QString& reason, Completion completion);
 
     UpdateServiceOptions options_;
-    std::unique_ptr<ManifestFetcher> fetcher_; ///< Made by the first check: it loads TLS.
-    QObject lifetime_;                         ///< Context of deferred calls, which end with it.
+    QObject lifetime_; ///< Owns the fetches under way.
 };
 
 } // namespace tarnwick

@@ -3,6 +3,7 @@
 
 #include <QNetworkAccessManager>
 #include <QNetworkRequest>
+#include <QTimer>
 
 namespace tarnwick {
 
@@ -35,10 +36,6 @@ ManifestTransfer::ManifestTransfer(UpdateServiceOptions options,
     reply_->setParent(this);
     connect(reply_, &QNetworkReply::readyRead, this, &ManifestTransfer::readBody);
     connect(reply_, &QNetworkReply::finished, this, &ManifestTransfer::replyFinished);
-    connect(&deadline_, &QTimer::timeout, this, &ManifestTransfer::timeOut);
-    deadline_.setSingleShot(true);
-    deadline_.setTimerType(Qt::PreciseTimer); // coarse timers may fire early
-    deadline_.start(options_.timeLimit);
 }
 
 void ManifestTransfer::readBody() {
@@ -53,15 +50,9 @@ void ManifestTransfer::replyFinished() {
     finish(resultOfReply());
 }
 
-void ManifestTransfer::timeOut() {
-    finish(FetchFailure{u"The request timed out."_s});
-    reply_->abort();
-}
-
 // The completion may destroy the service, and with it the manager whose signal is being delivered:
 // it is called in a later turn of the event loop.
 void ManifestTransfer::finish(const FetchResult& result) {
-    deadline_.stop();
     reply_->disconnect(this);
     QTimer::singleShot(0, this, [this, result] {
         deleteLater();

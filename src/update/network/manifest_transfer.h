@@ -6,7 +6,6 @@
 #include <QByteArray>
 #include <QNetworkReply>
 #include <QObject>
-#include <QTimer>
 
 #include <optional>
 
@@ -26,7 +25,6 @@ public:
 private:
     void readBody();
     void replyFinished();
-    void timeOut();
     void finish(const FetchResult& result);
     FetchResult resultOfReply() const;
     std::optional<QString> transportFailure() const;
@@ -36,7 +34,6 @@ private:
     ManifestFetcher::Completion completion_;
     QNetworkReply* reply_; ///< A child of this.
     QByteArray body_;
-    QTimer deadline_; ///< Started with the request and never restarted.
 };
 
 } // namespace tarnwick
