@@ -2,7 +2,7 @@
 #include "private_root.h"
 
 #include "platform/cancellation_token.h"
-#include "platform/child_process.h"
+#include "support/shell.h"
 
 #include <QDir>
 
@@ -35,7 +35,7 @@ exec proot -0 -r "$1" -b /usr -b "$2" -w / /bin/sh -c "umask 022; PATH=/stand-in
 )sh";
 
 bool succeeds(const CommandLine& command) {
-    auto child = test::startChild(command, ChildProcess::Output::Discarded);
+    auto child = startChild(command, ChildProcess::Output::Discarded);
     using namespace std::chrono_literals;
     return child.waitForEnd(QDeadlineTimer(20s), 5ms, CancellationToken()) && child.hasSucceeded();
 }
