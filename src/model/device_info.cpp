@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "model/device_info.h"
 
-#include "model/peer_info.h"
+#include "model/status_nodes.h"
 
 namespace tarnwick {
 

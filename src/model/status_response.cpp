@@ -2,7 +2,6 @@
 #include "model/status_response.h"
 
 #include "model/code_point_order.h"
-#include "model/json_fields.h"
 #include "model/strict_json.h"
 
 #include <QJsonDocument>

@@ -2,8 +2,7 @@
 #pragma once
 
 #include "model/device_info.h"
-#include "model/peer_info.h"
-#include "model/self_node.h"
+#include "model/status_nodes.h"
 
 #include <QByteArray>
 #include <QJsonObject>

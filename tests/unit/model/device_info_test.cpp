@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "model/device_info.h"
-#include "model/peer_info.h"
+#include "model/status_nodes.h"
 #include "support/printing.h"
 
 #include <gtest/gtest.h>
