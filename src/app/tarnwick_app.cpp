@@ -13,6 +13,8 @@
 #include <QSessionManager>
 #include <QUrl>
 
+#include <utility>
+
 namespace tarnwick {
 
 using namespace Qt::StringLiterals;
@@ -27,9 +29,14 @@ void openWebsite() {
 
 } // namespace
 
-TarnwickApp::TarnwickApp(const QString& launchSocket, DaemonManagerOptions options)
+TarnwickApp::TarnwickApp(const QString& launchSocket, DaemonManagerOptions options,
+                         std::optional<UpdateServiceOptions> updateOptions)
     : daemon_(DaemonManager::create(std::move(options))), platform_(hostPlatform()),
-      launches_(launchSocket), presenter_([this] { return makePanel(); }) {
+      launches_(launchSocket),
+      updates_(updateOptions.value_or(UpdateServiceOptions{
+          UpdateService::manifestURL(),
+          UpdateService::installedVersion(platform_, DaemonManagerOptions::executableDir())})),
+      presenter_([this] { return makePanel(); }) {
     QObject::connect(&signals_, &TerminationSignals::received, qApp,
                      [] { QCoreApplication::exit(0); });
     QObject::connect(&wakeUp_, &WakeUp::woke, this, [this] { daemon_->startStatusPolling(); });
@@ -71,18 +78,25 @@ void TarnwickApp::perform(const PanelCommand& command) {
     }
 }
 
+// One at a time: whoever asks again gets the alert of the first.
 void TarnwickApp::checkForUpdates() {
-    if (!updates_) {
-        updates_ = std::make_unique<UpdateService>(UpdateServiceOptions{
-            UpdateService::manifestURL(),
-            UpdateService::installedVersion(platform_, DaemonManagerOptions::executableDir())});
-    }
-    updates_->check([this](const UpdateCheckResult& result) {
-        const auto dialog = UpdateDialog::forResult(result, UpdateService::downloadPageURL());
-        auto* alert = new UpdateAlert(dialog, &QDesktopServices::openUrl);
-        QObject::connect(this, &QObject::destroyed, alert, [alert] { delete alert; });
-        alert->present();
+    if (updateAlert_ && updateAlert_->isVisible()) // one that was answered may not be gone yet
+        return updateAlert_->present();
+    if (std::exchange(isCheckingForUpdates_, true))
+        return;
+    updates_.check([this](const UpdateCheckResult& result) {
+        isCheckingForUpdates_ = false;
+        showUpdateAlert(result);
     });
+}
+
+void TarnwickApp::showUpdateAlert(const UpdateCheckResult& result) {
+    updateAlert_ =
+        new UpdateAlert(UpdateDialog::forResult(result, UpdateService::downloadPageURL()),
+                        &QDesktopServices::openUrl);
+    QObject::connect(this, &QObject::destroyed, updateAlert_,
+                     [alert = updateAlert_.get()] { delete alert; });
+    updateAlert_->present();
 }
 
 void TarnwickApp::showIcon() {

@@ -11,10 +11,14 @@
 #include "ui/windows/auth_key_window.h"
 #include "update/update_service.h"
 
+#include <QPointer>
+
 #include <memory>
 #include <optional>
 
 namespace tarnwick {
+
+class UpdateAlert;
 
 /// Composition root: creates the controller, the icon and the windows, and connects them.
 class TarnwickApp : public QObject {
@@ -23,7 +27,8 @@ class TarnwickApp : public QObject {
 public:
     /// Starts polling the daemon and waits for a status area. Second launches connect to
     /// `launchSocket`. Main thread, with a QApplication.
-    explicit TarnwickApp(const QString& launchSocket, DaemonManagerOptions options = {});
+    explicit TarnwickApp(const QString& launchSocket, DaemonManagerOptions options = {},
+                         std::optional<UpdateServiceOptions> updateOptions = {});
     ~TarnwickApp() override;
     TarnwickApp(const TarnwickApp&) = delete;
     TarnwickApp& operator=(const TarnwickApp&) = delete;
@@ -37,6 +42,7 @@ public:
 private:
     std::unique_ptr<MenuBarView> makePanel();
     void checkForUpdates();
+    void showUpdateAlert(const UpdateCheckResult& result);
     void showIcon();
     void showOnRequest(const QByteArray& activationToken);
     std::optional<QRect> iconGeometry() const;
@@ -47,7 +53,9 @@ private:
     WakeUp wakeUp_;
     SingleInstanceChannel launches_;
     AuthKeyWindow authKeyWindow_;
-    std::unique_ptr<UpdateService> updates_; ///< Null until the first check.
+    UpdateService updates_;
+    bool isCheckingForUpdates_ = false;
+    QPointer<UpdateAlert> updateAlert_;
     PanelPresenter presenter_;
     StatusArea statusArea_;
     std::unique_ptr<TrayIcon> icon_; ///< Null until there is a status area.
