@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-# Compiler settings that every target of ours links. Warnings are errors only in the presets, so
-# that a packager with a newer compiler is not stopped by a new warning.
+# Compiler settings that every target of ours links. Warnings are errors where we develop, never in
+# what is built to be used: a newer compiler or library may warn of what was right.
 
 option(TARNWICK_WARNINGS_AS_ERRORS "Treat warnings as errors" OFF)
 
