@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::chrono::seconds retryInterval{2};
+constexpr std::chrono::seconds reconnectInterval{2};
 constexpr std::chrono::seconds answerTimeout{3};
 
 /// The first line that every client of a bus sends, and that a working bus answers.
@@ -134,7 +134,7 @@ void MessageBus::close() {
 }
 
 void MessageBus::retryLater() {
-    retry_.start(retryInterval);
+    retry_.start(reconnectInterval);
     becomeUnavailable();
 }
 
