@@ -17,16 +17,16 @@ constexpr int sameSpot = 16;
 /// Room for a window manager's title bar and borders, in device-independent pixels.
 constexpr int titleBarAllowance = 48;
 
-const QScreen& screenAt(const QPoint& point) {
+const QScreen* screenAt(const QPoint& point) {
     const QScreen* screen = QGuiApplication::screenAt(point);
-    return screen ? *screen : *QGuiApplication::primaryScreen();
+    return screen ? screen : QGuiApplication::primaryScreen();
 }
 
 PanelPlacement placementFor(const std::optional<QRect>& icon) {
     const QPoint cursor = QCursor::pos();
-    const QScreen& screen = screenAt(icon ? icon->center() : cursor);
-    const QRect whole = screen.geometry();
-    const QRect available = screen.availableGeometry();
+    const QScreen* screen = screenAt(icon ? icon->center() : cursor);
+    const QRect whole = screen->geometry();
+    const QRect available = screen->availableGeometry();
     return {icon.value_or(assumedIcon(cursor, whole, available)), whole, available};
 }
 
@@ -67,7 +67,7 @@ void PanelPresenter::open(const std::optional<QRect>& icon) {
 }
 
 void PanelPresenter::openAsWindow() {
-    const QRect available = screenAt(QCursor::pos()).availableGeometry();
+    const QRect available = screenAt(QCursor::pos())->availableGeometry();
     panel().setMaximumPanelHeight(available.height() - titleBarAllowance);
     QRect place(QPoint(0, 0), panel().panelSize());
     place.moveCenter(available.center());
