@@ -53,6 +53,8 @@ public:
 
     bool isConnected() const { return state_ == State::Connected; }
 
+    bool isUnavailable() const { return state_ == State::Unavailable; }
+
 Q_SIGNALS:
     void connected();
 
