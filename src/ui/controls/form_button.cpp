@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/form_button.h"
 
+#include "ui/controls/keyboard_focus.h"
 #include "ui/style/colors.h"
 
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
 
@@ -53,6 +56,16 @@ FormButton::Look FormButton::look() const {
     constexpr float disabledOpacity = 0.4F;
     return {withOpacity(text, backgroundOpacity), borderColor(palette()),
             isEnabled() ? text : withOpacity(text, disabledOpacity)};
+}
+
+void FormButton::keyPressEvent(QKeyEvent* event) {
+    if (!isRepeatedPress(*event))
+        QPushButton::keyPressEvent(event);
+}
+
+// Its first click was the press that counts.
+void FormButton::mouseDoubleClickEvent(QMouseEvent* event) {
+    event->accept();
 }
 
 // The macOS style marks the default button well; other styles do so too faintly to be prominent.

@@ -41,6 +41,12 @@ bool isKeyboardReason(Qt::FocusReason reason) {
            reason == Qt::ShortcutFocusReason;
 }
 
+bool isRepeatedPress(const QKeyEvent& event) {
+    const int key = event.key();
+    return event.isAutoRepeat() &&
+           (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space);
+}
+
 int arrowDirection(const QKeyEvent& event, Qt::LayoutDirection layoutDirection) {
     const int along = layoutDirection == Qt::LeftToRight ? 1 : -1;
     switch (event.key()) {

@@ -11,6 +11,10 @@ namespace tarnwick {
 /// Whether the keyboard moved the focus, which must be visible then.
 bool isKeyboardReason(Qt::FocusReason reason);
 
+/// Whether this is a repetition of a held Return, Enter or Space. Controls ignore those: a press
+/// calls once, and the press that opened a popover or a window presses nothing in it.
+bool isRepeatedPress(const QKeyEvent& event);
+
 /// +1 for an arrow key that moves forward (down, or in reading direction), -1 for one that moves
 /// back, 0 for any other key.
 int arrowDirection(const QKeyEvent& event, Qt::LayoutDirection layoutDirection);

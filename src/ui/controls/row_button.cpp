@@ -7,6 +7,7 @@
 
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QToolTip>
@@ -57,7 +58,14 @@ void RowButton::hideEvent(QHideEvent* event) {
     setHovering(false); // a hidden widget gets no leave event
 }
 
+// Its first click was the press that counts.
+void RowButton::mouseDoubleClickEvent(QMouseEvent* event) {
+    event->accept();
+}
+
 void RowButton::keyPressEvent(QKeyEvent* event) {
+    if (isRepeatedPress(*event))
+        return;
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         click();
         return;

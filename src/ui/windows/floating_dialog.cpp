@@ -2,9 +2,11 @@
 #include "ui/windows/floating_dialog.h"
 
 #include "ui/controls/font_change_forwarder.h"
+#include "ui/controls/keyboard_focus.h"
 
 #include <QCursor>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QScreen>
 
 namespace tarnwick {
@@ -14,6 +16,12 @@ FloatingDialog::FloatingDialog(const QString& title)
                            Qt::WindowCloseButtonHint | Qt::WindowStaysOnTopHint) {
     setWindowTitle(title);
     new FontChangeForwarder(this);
+}
+
+// A text field leaves Return to the dialog, which would press its default button.
+void FloatingDialog::keyPressEvent(QKeyEvent* event) {
+    if (!isRepeatedPress(*event))
+        QDialog::keyPressEvent(event);
 }
 
 void FloatingDialog::present() {

@@ -15,6 +15,9 @@ public:
 
     /// Shows and activates it in the middle of the screen that has the pointer.
     void present();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
 };
 
 } // namespace tarnwick

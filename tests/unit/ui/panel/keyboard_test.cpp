@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "panel_on_screen.h"
+#include "support/held_key.h"
 
 #include <QAccessible>
 
@@ -70,6 +71,56 @@ TEST_F(KeyboardTest, ReturnEnterAndSpacePress) {
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space})
         QTest::keyClick(button(u"Refresh"_s), key);
     EXPECT_EQ(made, (QStringList{u"refresh"_s, u"refresh"_s, u"refresh"_s}));
+}
+
+TEST_F(KeyboardTest, AHeldKeyPressesARowOnce) {
+    open(full());
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+        made.clear();
+        test::holdKey(key, [this] { return button(u"Disconnect"_s); });
+        EXPECT_EQ(made, QStringList{u"disconnect"_s}) << key;
+    }
+}
+
+TEST_F(KeyboardTest, AHeldKeyPicksOrRemovesOnce) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+        open(full());
+        auto* picker = find<ProfilePickerRow>();
+        made.clear();
+        click(picker);
+        test::holdKey(key, [row = line(*picker, 0)] { return row->pickButton(); });
+        click(picker);
+        test::holdKey(key, [row = line(*picker, 0)] { return row->removeButton(); });
+        EXPECT_EQ(made, (QStringList{u"switch b"_s, u"remove b"_s})) << key;
+    }
+}
+
+TEST_F(KeyboardTest, TheKeyThatOpenedAPopoverPicksNothingInIt) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+        open(full());
+        auto* picker = find<ProfilePickerRow>();
+        picker->setFocus(Qt::TabFocusReason);
+        test::holdKey(key, [&]() -> QWidget* {
+            return picker->isPopoverPresented() ? picker->popover()->focusWidget() : picker;
+        });
+        EXPECT_TRUE(picker->isPopoverPresented()) << key;
+        EXPECT_TRUE(made.isEmpty()) << key;
+        picker->setPopoverPresented(false);
+        settle();
+    }
+}
+
+TEST_F(KeyboardTest, ADoubleClickCallsOnce) {
+    open(full());
+    const auto doubleClick = [](QWidget* widget) {
+        QTest::mouseClick(widget, Qt::LeftButton);
+        QTest::mouseDClick(widget, Qt::LeftButton);
+        QTest::mouseRelease(widget, Qt::LeftButton);
+    };
+    doubleClick(button(u"Disconnect"_s));
+    EXPECT_EQ(made, QStringList{u"disconnect"_s});
+    doubleClick(find<ProfilePickerRow>());
+    EXPECT_TRUE(find<ProfilePickerRow>()->isPopoverPresented());
 }
 
 TEST_F(KeyboardTest, TheRingShowsForTheKeyboardOnly) {
