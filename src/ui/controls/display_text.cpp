@@ -20,11 +20,6 @@ bool isInvisibleMark(QChar c) {
            code == 0xfeff;
 }
 
-bool isLineBreak(QChar c) {
-    return c == u'\n' || c == u'\r' || c == u'\v' || c == u'\f' || c == QChar(0x85) ||
-           c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
-}
-
 /// At most `longest` code units, never half a surrogate pair.
 QString cut(const QString& text, qsizetype longest) {
     if (text.size() <= longest)
@@ -34,6 +29,11 @@ QString cut(const QString& text, qsizetype longest) {
 }
 
 } // namespace
+
+bool isLineBreak(QChar c) {
+    return c == u'\n' || c == u'\r' || c == u'\v' || c == u'\f' || c == QChar(0x85) ||
+           c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+}
 
 QString singleLineText(const QString& text) {
     QString line;

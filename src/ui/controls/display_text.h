@@ -5,6 +5,9 @@
 
 namespace tarnwick {
 
+/// Whether the character ends a line, in any convention.
+bool isLineBreak(QChar c);
+
 /// An external name as one harmless line: line breaks and control characters become blanks,
 /// direction marks are dropped, and what is too long for any row is cut.
 QString singleLineText(const QString& text);

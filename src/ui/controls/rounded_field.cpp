@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/rounded_field.h"
 
+#include "ui/controls/display_text.h"
 #include "ui/style/colors.h"
 #include "ui/style/text_style.h"
 
 #include <QApplication>
 #include <QEvent>
 #include <QPainter>
+#include <QValidator>
 
 namespace tarnwick {
 
@@ -16,12 +18,34 @@ constexpr TextLook look{TextStyle::Body};
 constexpr double frameRadius = 5;
 constexpr QMargins ownTextMargins{4, 3, 4, 3};
 
+/// Sees the text before line breaks are shown as blanks.
+class OneLineValidator : public QValidator {
+public:
+    using QValidator::QValidator;
+
+    State validate(QString& input, int& cursor) const override {
+        QString line;
+        int lineCursor = cursor;
+        for (qsizetype i = 0; i < input.size(); ++i) {
+            if (!isLineBreak(input[i]))
+                line += input[i];
+            else if (i < cursor)
+                --lineCursor;
+        }
+        input = line;
+        cursor = lineCursor;
+        return line.size() > RoundedField::longestText ? Invalid : Acceptable;
+    }
+};
+
 } // namespace
 
 RoundedField::RoundedField(QWidget* parent) : QLineEdit(parent) {
     setFont(look.font());
     setFrame(false);
     setTextMargins(ownTextMargins);
+    setMaxLength(2 * longestText); // beyond it Qt would cut, where the validator can refuse
+    setValidator(new OneLineValidator(this));
     QPalette transparent;
     transparent.setColor(QPalette::Base, Qt::transparent); // or the style would fill the corners
     setPalette(transparent);

@@ -5,11 +5,15 @@
 
 namespace tarnwick {
 
-/// A text field with a rounded border that is visible in dark palettes too.
+/// A text field with a rounded border that is visible in dark palettes too. Drops the line breaks
+/// of pasted and dropped texts, and refuses a text longer than `longestText`, which is reported by
+/// inputRejected().
 class RoundedField : public QLineEdit {
     Q_OBJECT
 
 public:
+    static constexpr int longestText = 32'767;
+
     explicit RoundedField(QWidget* parent = nullptr);
 
 protected:

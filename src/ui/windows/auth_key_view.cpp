@@ -97,6 +97,12 @@ QLayout* AuthKeyView::makeField(const QString& label, const QString& placeholder
     field->setPlaceholderText(placeholder);
     group->addWidget(caption);
     group->addWidget(field);
+    auto* refusal = makeLabel(u"Too long: at most %1 characters."_s.arg(RoundedField::longestText),
+                              {TextStyle::Caption}, ThemeColor::Red, this);
+    refusal->hide();
+    connect(field, &QLineEdit::inputRejected, refusal, &QWidget::show);
+    connect(field, &QLineEdit::textChanged, refusal, &QWidget::hide);
+    group->addWidget(refusal);
     return group;
 }
 

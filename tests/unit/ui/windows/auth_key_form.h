@@ -51,6 +51,15 @@ protected:
         connectButton()->click();
     }
 
+    /// Why the field refused a text; empty when it did not.
+    QString findNote() const {
+        for (const QLabel* label : dialog()->findChildren<QLabel*>()) {
+            if (label->isVisible() && label->text().startsWith(QStringLiteral("Too long")))
+                return label->text();
+        }
+        return {};
+    }
+
     /// The log-ins so far, without the socket.
     QList<QStringList> logins() const {
         QList<QStringList> found;

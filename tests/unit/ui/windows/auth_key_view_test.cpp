@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "auth_key_form.h"
+#include "support/held_key.h"
 #include "support/printing.h"
 #include "ui/controls/scrolling_text.h"
 #include "ui/windows/auth_key_view.h"
 
+#include <QClipboard>
+#include <QDropEvent>
+#include <QGuiApplication>
 #include <QMetaProperty>
+#include <QMimeData>
 #include <QTest>
 
 namespace tarnwick::test {
@@ -264,6 +269,63 @@ TEST_F(AuthKeyForm, ReturnConnects) {
     QTest::keyClick(deviceName(), Qt::Key_Return);
     EXPECT_EQ(connectButton()->text(), u"Connecting..."_s);
     EXPECT_TRUE(waitUntil([this] { return logins().size() == 1; }));
+}
+
+TEST_F(AuthKeyForm, ReturnThatIsStillHeldWhenTheLoginHasFailedConnectsNotAgain) {
+    open();
+    world.answer("login", "error: refused\n");
+    authKey()->setText(u"twkey-1"_s);
+    sendKey(authKey(), QEvent::KeyPress, Qt::Key_Return);
+    ASSERT_TRUE(waitUntil([this] { return connectButton()->isEnabled(); }));
+    sendKey(authKey(), QEvent::KeyPress, Qt::Key_Return, true);
+    sendKey(connectButton(), QEvent::KeyPress, Qt::Key_Return, true);
+    EXPECT_EQ(connectButton()->text(), u"Connect"_s);
+    EXPECT_EQ(logins().size(), 1);
+}
+
+TEST_F(AuthKeyForm, LineBreaksOfAPastedTextAreDropped) {
+    open();
+    for (const QString& pasted :
+         {u"twkey-1\n"_s, u"twk\r\ney-1\r\n"_s, u"\u2028twkey\u2029-1\u0085\v\f"_s}) {
+        for (QLineEdit* edited : {authKey(), deviceName()}) {
+            edited->clear();
+            QGuiApplication::clipboard()->setText(pasted);
+            QTest::keySequence(edited, QKeySequence::Paste);
+            EXPECT_EQ(edited->text(), u"twkey-1"_s) << qPrintable(pasted);
+        }
+    }
+}
+
+TEST_F(AuthKeyForm, LineBreaksOfADroppedTextAreDropped) {
+    open();
+    QMimeData dropped;
+    dropped.setText(u"twkey-1\r\n"_s);
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &dropped, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(authKey(), &enter);
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &dropped, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(authKey(), &drop);
+    EXPECT_EQ(authKey()->text(), u"twkey-1"_s);
+}
+
+TEST_F(AuthKeyForm, KeyLongerThanItsFieldIsRefusedWithAReason) {
+    open();
+    const auto note = [this] {
+        return findNote();
+    };
+    const QString longest(32'767, u'k');
+    QGuiApplication::clipboard()->setText(longest);
+    QTest::keySequence(authKey(), QKeySequence::Paste);
+    EXPECT_EQ(authKey()->text(), longest);
+    EXPECT_EQ(note(), QString());
+
+    QGuiApplication::clipboard()->setText(longest + u'k');
+    authKey()->selectAll();
+    QTest::keySequence(authKey(), QKeySequence::Paste);
+    EXPECT_EQ(authKey()->text(), longest) << "what was there stays";
+    EXPECT_TRUE(note().contains(u"32767"_s)) << qPrintable(note());
+
+    QTest::keyClick(authKey(), Qt::Key_Backspace);
+    EXPECT_EQ(note(), QString());
 }
 
 TEST_F(AuthKeyForm, EscapeCancelsFromEitherField) {

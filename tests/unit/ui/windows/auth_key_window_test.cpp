@@ -38,9 +38,12 @@ TEST_F(AuthKeyForm, LargeFontMakesTheWindowHigherRatherThanCutItsTexts) {
     open();
     EXPECT_EQ(dialog()->width(), 400);
     EXPECT_GE(dialog()->height(), 340);
-    for (const QLabel* label : dialog()->findChildren<QLabel*>())
-        EXPECT_GE(label->height(), label->heightForWidth(label->width()))
-            << qPrintable(label->text());
+    for (const QLabel* label : dialog()->findChildren<QLabel*>()) {
+        if (label->isVisible()) {
+            EXPECT_GE(label->height(), label->heightForWidth(label->width()))
+                << qPrintable(label->text());
+        }
+    }
     QApplication::setFont(before);
 }
 
