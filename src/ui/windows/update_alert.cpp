@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/windows/update_alert.h"
 
+#include "ui/controls/display_text.h"
 #include "ui/controls/form_button.h"
 #include "ui/controls/scrolling_text.h"
 
@@ -36,7 +37,7 @@ UpdateAlert::UpdateAlert(const UpdateDialog& content, OpenPage openPage)
     : FloatingDialog(content.messageText), openPage_(std::move(openPage)) {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowModality(Qt::ApplicationModal);
-    setAccessibleDescription(content.informativeText);
+    setAccessibleDescription(multiLineText(content.informativeText));
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(alertPadding, alertPadding, alertPadding, alertPadding);
     layout->setSpacing(alertPadding - 8);

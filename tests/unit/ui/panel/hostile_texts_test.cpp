@@ -5,11 +5,20 @@
 
 #include <QLabel>
 
+#include <algorithm>
+
 namespace tarnwick {
 
 namespace {
 
 using namespace Qt::StringLiterals;
+
+/// Whether a screen reader gets no control character and no mark that changes the direction.
+bool isHarmless(const QString& text) {
+    return std::ranges::none_of(text, [](QChar c) {
+        return (c.category() == QChar::Other_Control && c != u'\n') || c == QChar(0x202e);
+    });
+}
 
 class HostileTexts : public test::PanelOnScreen, public testing::WithParamInterface<QString> {};
 
@@ -31,6 +40,10 @@ TEST_P(HostileTexts, AreShownAsTextAndTheLayoutHolds) {
     EXPECT_EQ(entry->list()->width(), 260);
     EXPECT_EQ(deviceRow(*entry, 0)->height(),
               DeviceRow(PanelContent::Device{}).sizeHint().height());
+    for (const QWidget* widget : panel->findChildren<QWidget*>()) {
+        EXPECT_TRUE(isHarmless(widget->accessibleName()));
+        EXPECT_TRUE(isHarmless(widget->accessibleDescription()));
+    }
     for (const QLabel* label : panel->findChildren<QLabel*>()) {
         EXPECT_EQ(label->textFormat(), Qt::PlainText);
         const QRect place(label->mapTo(label->window(), QPoint(0, 0)), label->size());

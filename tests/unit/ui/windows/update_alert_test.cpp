@@ -129,6 +129,11 @@ TEST_F(UpdateAlertTest, UnusualVersionsAreShownUnchanged) {
     }
 }
 
+TEST_F(UpdateAlertTest, DescriptionForScreenReadersHasNoControlOrDirectionCharacters) {
+    present(CheckError{u"a\u202eb\u0007c\u001b[31m\nd"_s});
+    EXPECT_EQ(alert->accessibleDescription(), u"Couldn't check for updates: ab c [31m\nd"_s);
+}
+
 TEST_F(UpdateAlertTest, ButtonsStandInTheirOrder) {
     present(outdated);
     EXPECT_EQ(titles(), QStringList({u"Download"_s, u"Cancel"_s}));
