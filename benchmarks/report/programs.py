@@ -43,6 +43,8 @@ def core_figures(path, repetitions=11):
               for peers in (10, 100, 1000, 10000)}
     alone = program.time("parseJsonAlone/10000")
     profiles = program.time("parseProfiles/10000")
+    published = {peers: program.time(f"publishStatus/{peers}/manual_time", "real_time") / 1000
+                 for peers in (10, 1000)}
     return [
         Figure("runner, one call : bare posix_spawn, same looking", run / look, "x", 1.5,
                f"{run:.0f} : {look:.0f} us CPU, child included"),
@@ -54,6 +56,8 @@ def core_figures(path, repetitions=11):
         Figure("status of 10,000 peers : QJsonDocument::fromJson", decode[10000] / alone, "x", 2.0,
                f"{decode[10000] / 1000:.1f} : {alone / 1000:.1f} ms"),
         Figure("10,000 profile lines", profiles / 1000, "ms", None, "parsed"),
+        Figure("1,000 devices, from the tool's end to the state", published[1000], "ms", 100,
+               f"{published[10]:.1f} ms with 10 devices; looks for the end every millisecond"),
     ]
 
 
