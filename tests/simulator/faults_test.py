@@ -52,7 +52,14 @@ class FaultsTest(unittest.TestCase):
             self.daemon.tool("status", "--json").stdout.decode()
         self.assertRecovers()
 
-    def test_flood_never_ends_and_stops_when_nobody_reads(self):
+    def test_flood_stops_when_nobody_reads(self):
+        self.daemon.set_faults("flood")
+        process = self.spawn("status", "--json")
+        process.stdout.read(1)
+        process.stdout.close()
+        self.assertEqual(process.wait(TIME_LIMIT), -signal.SIGPIPE)
+
+    def test_flood_never_ends(self):
         self.daemon.set_faults("flood")
         process = self.spawn("status", "--json")
         self.assertEqual(len(process.stdout.read(1 << 20)), 1 << 20)
