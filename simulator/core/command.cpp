@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "core/command.h"
 
-#include <span>
-#include <string_view>
+#include <QCommandLineParser>
 
 namespace tarnwick::simulator {
 
@@ -10,153 +9,117 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Arguments = std::span<const std::string>;
 using Kind = Command::Kind;
 
-Command wrong(std::string problem) {
-    return {.kind = Kind::Wrong, .problem = "error: " + std::move(problem)};
+/// In the order of `Kind`, up to those that exist in the simulator only.
+const QStringList& names() {
+    static const QStringList list{u"status"_s, u"status"_s, u"list"_s,   u"switch"_s, u"up"_s,
+                                  u"down"_s,   u"login"_s,  u"remove"_s, u"wrong"_s};
+    return list;
 }
 
-Command unexpected(const std::string& argument) {
-    return wrong("unexpected argument \"" + argument + "\"");
+Command wrong(const QString& problem) {
+    return {.kind = Kind::Wrong, .problem = u"error: "_s + problem};
 }
 
-Command plain(Kind kind, Arguments rest) {
-    return rest.empty() ? Command{.kind = kind} : unexpected(rest.front());
+Command unexpected(const QString& argument) {
+    return wrong(u"unexpected argument \"%1\""_s.arg(argument));
 }
 
-Command parseStatus(Arguments rest) {
-    if (!rest.empty() && rest.front() == "--json")
-        return plain(Kind::StatusJson, rest.subspan(1));
-    return plain(Kind::Status, rest);
+/// A command that takes no (more) arguments.
+Command plain(Kind kind, const QStringList& rest) {
+    return rest.isEmpty() ? Command{.kind = kind} : unexpected(rest.first());
 }
 
-Command parseSwitch(Arguments rest) {
-    if (rest.empty())
-        return wrong("switch needs the id of a profile, or --list");
-    if (rest.front() == "--list")
-        return plain(Kind::List, rest.subspan(1));
-    if (rest.size() > 1)
-        return unexpected(rest[1]);
-    return {.kind = Kind::Switch, .id = QString::fromStdString(rest.front())};
+Command parseStatus(const QStringList& rest) {
+    return rest.value(0) == "--json"_L1 ? plain(Kind::StatusJson, rest.sliced(1))
+                                        : plain(Kind::Status, rest);
 }
 
-/// Takes the value of `flag` off the front: "FLAG=VALUE" or "FLAG" and "VALUE".
-bool takeFlag(Arguments& rest, std::string_view flag, QString& value) {
-    const std::string& first = rest.front();
-    if (first == flag && rest.size() > 1) {
-        value = QString::fromStdString(rest[1]);
-        rest = rest.subspan(2);
-        return true;
-    }
-    if (first.size() <= flag.size() || !first.starts_with(flag) || first[flag.size()] != '=')
-        return false;
-    value = QString::fromStdString(first.substr(flag.size() + 1));
-    rest = rest.subspan(1);
-    return true;
+Command parseSwitch(const QStringList& rest) {
+    if (rest.isEmpty())
+        return wrong(u"switch needs the id of a profile, or --list"_s);
+    if (rest.first() == "--list"_L1)
+        return plain(Kind::List, rest.sliced(1));
+    return rest.size() == 1 ? Command{.kind = Kind::Switch, .id = rest.first()}
+                            : unexpected(rest.at(1));
 }
 
-Command parseLogin(Arguments rest) {
-    Command command{.kind = Kind::Login};
-    while (!rest.empty()) {
-        const bool known = takeFlag(rest, "--login-server", command.loginServer) ||
-                           takeFlag(rest, "--authkey", command.authKey) ||
-                           takeFlag(rest, "--hostname", command.hostName);
-        if (!known)
-            return unexpected(rest.front());
-    }
-    return command;
+Command parseLogin(const QStringList& rest) {
+    QCommandLineParser parser;
+    parser.addOptions({{u"login-server"_s, {}, u"URL"_s},
+                       {u"authkey"_s, {}, u"KEY"_s},
+                       {u"hostname"_s, {}, u"NAME"_s}});
+    if (!parser.parse(QStringList(u"login"_s) + rest))
+        return wrong(parser.errorText());
+    if (!parser.positionalArguments().isEmpty())
+        return unexpected(parser.positionalArguments().first());
+    return {.kind = Kind::Login,
+            .loginServer = parser.value(u"login-server"_s),
+            .authKey = parser.value(u"authkey"_s),
+            .hostName = parser.value(u"hostname"_s)};
 }
 
-Command parseDebug(Arguments rest) {
-    if (rest.size() < 3 || rest[0] != "localapi")
-        return wrong("debug knows only: localapi METHOD PATH");
+Command parseDebug(const QStringList& rest) {
+    if (rest.size() < 3 || rest[0] != "localapi"_L1)
+        return wrong(u"debug knows only: localapi METHOD PATH"_s);
     if (rest.size() > 3)
         return unexpected(rest[3]);
-    constexpr std::string_view prefix = "/localapi/v0/profiles/";
-    if (!rest[2].starts_with(prefix))
-        return {.kind = Kind::Wrong, .problem = "Response status: 404 Not Found\nno such path"};
-    if (rest[1] != "DELETE")
-        return {.kind = Kind::Wrong,
-                .problem = "Response status: 405 Method Not Allowed\nuse DELETE"};
-    return {.kind = Kind::Remove, .id = QString::fromStdString(rest[2].substr(prefix.size()))};
+    constexpr QLatin1StringView prefix = "/localapi/v0/profiles/"_L1;
+    if (!rest[2].startsWith(prefix))
+        return {.problem = u"Response status: 404 Not Found\nno such path"_s};
+    if (rest[1] != "DELETE"_L1)
+        return {.problem = u"Response status: 405 Method Not Allowed\nuse DELETE"_s};
+    return {.kind = Kind::Remove, .id = rest[2].sliced(prefix.size())};
 }
 
-Command parseSimulator(Arguments rest) {
-    if (rest.empty())
-        return wrong("simulator needs one of: fault, log, state");
-    const std::string& what = rest.front();
-    rest = rest.subspan(1);
-    if (what == "state")
+Command parseSimulator(const QStringList& arguments) {
+    if (arguments.isEmpty())
+        return wrong(u"simulator needs one of: fault, log, state"_s);
+    const QString& what = arguments.first();
+    const QStringList rest = arguments.sliced(1);
+    if (what == "fault"_L1)
+        return {.kind = Kind::Faults, .faults = rest};
+    if (what == "state"_L1)
         return plain(Kind::State, rest);
-    if (what == "log" && !rest.empty() && rest.front() == "clear")
-        return plain(Kind::ClearLog, rest.subspan(1));
-    if (what == "log")
-        return plain(Kind::Log, rest);
-    if (what != "fault")
+    if (what != "log"_L1)
         return unexpected(what);
-    Command command{.kind = Kind::Faults};
-    for (const std::string& spec : rest)
-        command.faults.append(QString::fromStdString(spec));
-    return command;
+    return rest.value(0) == "clear"_L1 ? plain(Kind::ClearLog, rest.sliced(1))
+                                       : plain(Kind::Log, rest);
 }
 
 } // namespace
 
-Command Command::parse(const std::vector<std::string>& arguments) {
-    if (arguments.empty())
-        return wrong("no command");
-    const std::string& name = arguments.front();
-    const Arguments rest = Arguments(arguments).subspan(1);
-    if (name == "status")
+Command Command::parse(const QByteArrayList& arguments) {
+    QStringList rest;
+    for (const QByteArray& argument : arguments)
+        rest.append(QString::fromUtf8(argument));
+    if (rest.isEmpty())
+        return wrong(u"no command"_s);
+    const QString name = rest.takeFirst();
+    if (name == "status"_L1)
         return parseStatus(rest);
-    if (name == "switch")
+    if (name == "switch"_L1)
         return parseSwitch(rest);
-    if (name == "up")
+    if (name == "up"_L1)
         return plain(Kind::Up, rest);
-    if (name == "down")
+    if (name == "down"_L1)
         return plain(Kind::Down, rest);
-    if (name == "login")
+    if (name == "login"_L1)
         return parseLogin(rest);
-    if (name == "debug")
+    if (name == "debug"_L1)
         return parseDebug(rest);
-    if (name == "simulator")
+    if (name == "simulator"_L1)
         return parseSimulator(rest);
-    return wrong("unknown command \"" + name + "\"");
+    return wrong(u"unknown command \"%1\""_s.arg(name));
 }
 
 QString Command::name() const {
-    switch (kind) {
-    case Kind::Status:
-    case Kind::StatusJson:
-        return u"status"_s;
-    case Kind::List:
-        return u"list"_s;
-    case Kind::Switch:
-        return u"switch"_s;
-    case Kind::Up:
-        return u"up"_s;
-    case Kind::Down:
-        return u"down"_s;
-    case Kind::Login:
-        return u"login"_s;
-    case Kind::Remove:
-        return u"remove"_s;
-    case Kind::Wrong:
-        return u"wrong"_s;
-    case Kind::Faults:
-    case Kind::Log:
-    case Kind::ClearLog:
-    case Kind::State:
-        break;
-    }
-    return {};
+    return names().value(static_cast<qsizetype>(kind));
 }
 
 bool Command::isName(const QString& name) {
-    static const QStringList names = {u"status"_s, u"list"_s,  u"switch"_s, u"up"_s,
-                                      u"down"_s,   u"login"_s, u"remove"_s};
-    return names.contains(name);
+    return name != names().last() && names().contains(name);
 }
 
 } // namespace tarnwick::simulator

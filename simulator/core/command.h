@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QByteArrayList>
 #include <QString>
 #include <QStringList>
 
-#include <string>
-#include <vector>
-
 namespace tarnwick::simulator {
 
-/// One command line, understood.
+/// One command line, parsed.
 struct Command {
     enum class Kind {
         Status,
@@ -20,11 +18,11 @@ struct Command {
         Down,
         Login,
         Remove,
-        Faults, ///< of the simulator only, as the next three
+        Wrong,  ///< not a valid command; `problem` says why
+        Faults, ///< this and the next three exist in the simulator only
         Log,
         ClearLog,
         State,
-        Wrong, ///< not understood; `problem` says why
     };
 
     Kind kind = Kind::Wrong;
@@ -33,14 +31,14 @@ struct Command {
     QString authKey{};
     QString hostName{};
     QStringList faults{}; ///< the SPECs to set; empty: show them
-    std::string problem{};
+    QString problem{};
 
-    static Command parse(const std::vector<std::string>& arguments);
+    static Command parse(const QByteArrayList& arguments);
 
-    /// The name by which faults and the log call this command; "" for what only a simulator has.
+    /// The command's name in faults and in the log; "" if only the simulator has it.
     QString name() const;
 
-    /// Whether a command has this name.
+    /// Whether faults can be set for a command of this name.
     static bool isName(const QString& name);
 };
 

@@ -14,44 +14,36 @@ namespace {
 
 constexpr qsizetype maximumLogBytes = qsizetype{16} << 20;
 
-/// A text as it is, bytes that are no text as {"base64": ...}, so that nothing is lost.
-QJsonValue jsonArgument(const std::string& argument) {
-    const QByteArray bytes = QByteArray::fromStdString(argument);
+/// A string, or {"base64": ...} for what is not UTF-8, so that nothing is lost.
+QJsonValue jsonArgument(const QByteArray& argument) {
     QStringDecoder decode(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString text = decode(bytes);
+    const QString text = decode(argument);
     if (decode.hasError())
-        return QJsonObject{{u"base64"_s, QString::fromLatin1(bytes.toBase64())}};
+        return QJsonObject{{u"base64"_s, QString::fromLatin1(argument.toBase64())}};
     return text;
-}
-
-QJsonValue jsonExitStatus(const Reply& reply) {
-    return reply.kind == Reply::Kind::Text ? QJsonValue(reply.exitStatus) : QJsonValue();
 }
 
 } // namespace
 
-void CommandLog::add(const Command& command, const std::vector<std::string>& arguments,
+void CommandLog::add(const Command& command, const QByteArrayList& arguments,
                      const std::optional<Fault>& fault, const Reply& reply, Moment now, int open) {
     QJsonArray list;
-    for (const std::string& argument : arguments)
+    for (const QByteArray& argument : arguments)
         list.append(jsonArgument(argument));
+    const bool hasStatus = reply.kind == Reply::Kind::Text;
     const QJsonObject entry{
         {u"sequence"_s, ++sequence_},
         {u"milliseconds"_s, static_cast<qint64>(now.sinceStart.count())},
         {u"command"_s, command.name()},
         {u"arguments"_s, list},
-        {u"fault"_s, fault ? QJsonValue(fault->toString()) : QJsonValue()},
-        {u"exitStatus"_s, jsonExitStatus(reply)},
+        {u"fault"_s, fault ? QJsonValue(fault->text) : QJsonValue()},
+        {u"exitStatus"_s, hasStatus ? QJsonValue(reply.exitStatus) : QJsonValue()},
         {u"open"_s, open},
     };
     lines_.append(QJsonDocument(entry).toJson(QJsonDocument::Compact) + '\n');
     bytes_ += lines_.last().size();
     while (bytes_ > maximumLogBytes && lines_.size() > 1)
         bytes_ -= lines_.takeFirst().size();
-}
-
-std::string CommandLog::text() const {
-    return lines_.join().toStdString();
 }
 
 void CommandLog::clear() {

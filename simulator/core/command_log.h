@@ -2,29 +2,28 @@
 #pragma once
 
 #include "core/command.h"
-#include "core/fault.h"
+#include "core/faults.h"
 #include "core/moment.h"
-#include "protocol/reply.h"
+#include "protocol/messages.h"
 
+#include <QByteArray>
 #include <QByteArrayList>
 
 #include <optional>
-#include <string>
-#include <vector>
 
 namespace tarnwick::simulator {
 
-/// The daemon's account of what it was asked, by which tests judge a client. Kept in memory only,
-/// since it holds auth keys as they were given; the oldest entries go when it grows too large.
+/// What the daemon was asked to do, for tests to check a client by. Kept in memory only, since it
+/// holds auth keys in plain text; the oldest entries are dropped when it grows too large.
 class CommandLog {
 public:
-    void add(const Command& command, const std::vector<std::string>& arguments,
+    void add(const Command& command, const QByteArrayList& arguments,
              const std::optional<Fault>& fault, const Reply& reply, Moment now, int open);
 
     /// One JSON object a line.
-    std::string text() const;
+    QByteArray text() const { return lines_.join(); }
 
-    /// Forgets all entries; numbering goes on.
+    /// Drops all entries; the numbering goes on.
     void clear();
 
 private:

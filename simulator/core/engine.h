@@ -1,22 +1,22 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/backend_state.h"
 #include "core/command.h"
-#include "core/daemon_state.h"
 #include "core/moment.h"
-#include "core/state_store.h"
+#include "core/state.h"
 #include "core/world.h"
-#include "protocol/reply.h"
+#include "protocol/messages.h"
 
 namespace tarnwick::simulator {
 
-/// What the daemon does: logs in, connects, switches. Saves its state after each change.
-/// Nothing happens between calls; what depends on time is worked out from the moment given.
+/// What the daemon does: logs in, connects, switches. Saves its state after each change. It has no
+/// timers: what depends on time is computed from the moment that a call passes.
 class Engine {
 public:
-    /// Resumes the saved state. A daemon that was connected connects again.
-    Engine(World world, StateStore store);
+    enum class BackendState { NeedsLogin, Stopped, Starting, Running };
+
+    /// Resumes the saved state: a daemon that was connected connects again.
+    Engine(World world, QString statePath);
 
     Reply up(Moment now);
     Reply down();
@@ -28,18 +28,24 @@ public:
 
     const World& world() const { return world_; }
 
-    const DaemonState& state() const { return state_; }
+    const State& state() const { return state_; }
 
 private:
     QString refusal(const Command& command) const;
     Profile& profileFor(const AuthKey& key);
+
+    void save() const { state_.save(statePath_); }
+
     void start(Moment now);
-    void forgetUnknownNetworks();
+    void leaveCurrent();
 
     World world_;
-    StateStore store_;
-    DaemonState state_;
+    QString statePath_;
+    State state_;
     std::chrono::milliseconds startedAt_{0};
 };
+
+/// The state's name in `status --json`.
+QString toString(Engine::BackendState state);
 
 } // namespace tarnwick::simulator

@@ -1,23 +1,27 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QList>
 #include <QString>
+
+#include <algorithm>
 
 namespace tarnwick::simulator {
 
-/// No time span of a world or of a fault is longer; keeps the arithmetic in range.
-inline constexpr double maximumSeconds = 31'536'000;
+/// The first entry of `list` whose `member` is `value`, or null.
+template <typename T>
+const T* find(const QList<T>& list, QString T::*member, const QString& value) {
+    const auto found = std::ranges::find(list, value, member);
+    return found == list.cend() ? nullptr : &*found;
+}
 
 /// A host name as a label of a DNS name: lower case, letters, digits and inner hyphens, at most 63.
 QString dnsLabel(const QString& hostName);
 
-/// A node's public key, the same every time for the same texts.
+/// SHA-256 in hexadecimal, for identifiers that look random but are the same in every run.
+QString digest(const QString& text);
+
+/// A node's public key.
 QString nodeKey(const QString& network, const QString& node);
-
-/// A short profile id for a network and account; `attempt` tells apart those that collide.
-QString profileId(const QString& network, const QString& account, int attempt);
-
-/// What is remembered of an auth key that has been used, instead of the key.
-QString keyDigest(const QString& key);
 
 } // namespace tarnwick::simulator

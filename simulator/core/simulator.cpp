@@ -1,58 +1,54 @@
 // SPDX-License-Identifier: MIT
 #include "core/simulator.h"
 
-#include "core/status_document.h"
-#include "core/text_tables.h"
+#include "core/listings.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <utility>
+
 namespace tarnwick::simulator {
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
-/// The reply of a command that is not carried out because of its fault.
-Reply faultyReply(const Fault& fault) {
-    switch (fault.kind) {
-    case Fault::Kind::Hang:
-        return {.kind = Reply::Kind::Hang};
-    case Fault::Kind::Garbage:
-        // Bytes that end UTF-8 decoding, and the beginning of a document that never ends.
-        return Reply::text("{\"BackendState\": \"Run\xff\xfe\x80ning\", \x01\x02[[[\xc3\x28");
-    case Fault::Kind::Flood:
-        return {.kind = Reply::Kind::Flood, .out = "tarnwick: all work and no play\n"};
-    case Fault::Kind::Crash:
-        return {.kind = Reply::Kind::Crash};
-    case Fault::Kind::Error:
-    case Fault::Kind::Slow:
-        break;
-    }
-    return Reply::failure("error: the daemon is not in the mood (simulated)\n");
+QJsonObject withoutExpiry(QJsonObject profile) {
+    profile.remove("expiresAt"_L1);
+    return profile;
 }
 
-QByteArray indented(const QJsonObject& object) {
-    return QJsonDocument(object).toJson(QJsonDocument::Indented);
+/// The reply of a command that is not carried out because of its fault.
+Reply faultyReply(const QString& fault) {
+    if (fault == "hang"_L1)
+        return {.kind = Reply::Kind::Hang};
+    if (fault == "garbage"_L1) // invalid UTF-8, in a document that is cut short
+        return {.out = "{\"BackendState\": \"Run\xff\xfe\x80ning\", \x01\x02[[[\xc3\x28"};
+    if (fault == "flood"_L1)
+        return {.kind = Reply::Kind::Flood, .out = "tarnwick: all work and no play\n"};
+    if (fault == "crash"_L1)
+        return {.kind = Reply::Kind::Crash};
+    return Reply::failure(u"error: the daemon is not in the mood (simulated)"_s);
 }
 
 } // namespace
 
-Simulator::Simulator(World world, StateStore store, FaultTable faults, QString tun)
-    : engine_(std::move(world), std::move(store)), churn_(engine_.world()),
-      faults_(std::move(faults)), tun_(std::move(tun)) {}
+Simulator::Simulator(World world, QString statePath, Faults faults, QString tun)
+    : engine_(std::move(world), std::move(statePath)), faults_(std::move(faults)),
+      tun_(std::move(tun)) {}
 
-Reply Simulator::handle(const std::vector<std::string>& arguments, Moment now, int open) {
+Reply Simulator::handle(const QByteArrayList& arguments, Moment now, int open) {
     const Command command = Command::parse(arguments);
     const QString name = command.name();
     if (name.isEmpty())
         return carryOut(command, now);
     const std::optional<Fault> fault = Command::isName(name) ? faults_.of(name) : std::nullopt;
-    const bool isSlow = fault && fault->kind == Fault::Kind::Slow;
-    Reply reply = fault && !isSlow ? faultyReply(*fault) : carryOut(command, now);
-    if (isSlow)
-        reply.delay = fault->delay;
+    const bool isCarriedOut = !fault || fault->delay;
+    Reply reply = isCarriedOut ? carryOut(command, now) : faultyReply(fault->text);
+    reply.delay = fault ? fault->delay.value_or(0ms) : 0ms;
     log_.add(command, arguments, fault, reply, now, open);
     return reply;
 }
@@ -60,11 +56,11 @@ Reply Simulator::handle(const std::vector<std::string>& arguments, Moment now, i
 Reply Simulator::carryOut(const Command& command, Moment now) {
     switch (command.kind) {
     case Command::Kind::Status:
-        return status(false, now);
+        return Reply::text(statusTable(statusDocument(engine_, tun_, now)));
     case Command::Kind::StatusJson:
-        return status(true, now);
+        return {.out = QJsonDocument(statusDocument(engine_, tun_, now)).toJson()};
     case Command::Kind::List:
-        return Reply::text(profileTable(engine_.state()).toStdString());
+        return Reply::text(profileTable(engine_.state()));
     case Command::Kind::Switch:
         return engine_.switchTo(command.id, now);
     case Command::Kind::Up:
@@ -78,7 +74,7 @@ Reply Simulator::carryOut(const Command& command, Moment now) {
     case Command::Kind::Faults:
         return setFaults(command.faults);
     case Command::Kind::Log:
-        return Reply::text(log_.text());
+        return {.out = log_.text()};
     case Command::Kind::ClearLog:
         log_.clear();
         return {};
@@ -87,42 +83,31 @@ Reply Simulator::carryOut(const Command& command, Moment now) {
     case Command::Kind::Wrong:
         break;
     }
-    return Reply::failure(command.problem + '\n');
-}
-
-Reply Simulator::status(bool asJson, Moment now) const {
-    const QJsonObject document = StatusDocument(engine_, churn_, tun_, now).toJson();
-    return Reply::text(asJson ? indented(document).toStdString()
-                              : statusTable(document).toStdString());
+    return Reply::failure(command.problem);
 }
 
 Reply Simulator::setFaults(const QStringList& specs) {
-    FaultTable faults = faults_;
+    Faults faults = faults_;
     for (const QString& spec : specs) {
         if (!faults.set(spec))
-            return Reply::failure("error: \"" + spec.toStdString() + "\" is no fault\n");
+            return Reply::failure(u"error: \"%1\" is no fault"_s.arg(spec));
     }
     faults_ = faults;
-    std::string text;
+    QString text;
     for (const QString& spec : faults_.specs())
-        text += spec.toStdString() + '\n';
-    return Reply::text(std::move(text));
+        text += spec + u'\n';
+    return Reply::text(text);
 }
 
 Reply Simulator::describe(Moment now) const {
     QJsonArray profiles;
-    for (const Profile& profile : engine_.state().profiles) {
-        profiles.append(QJsonObject{{u"id"_s, profile.id},
-                                    {u"network"_s, profile.network},
-                                    {u"account"_s, profile.account},
-                                    {u"hostName"_s, profile.hostName},
-                                    {u"controlURL"_s, profile.controlUrl}});
-    }
+    for (const Profile& profile : engine_.state().profiles)
+        profiles.append(withoutExpiry(profile.toJson()));
     const QJsonObject object{{u"backendState"_s, toString(engine_.backendState(now))},
                              {u"current"_s, engine_.state().currentId},
                              {u"profiles"_s, profiles},
                              {u"faults"_s, QJsonArray::fromStringList(faults_.specs())}};
-    return Reply::text(QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString() + '\n');
+    return {.out = QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n'};
 }
 
 } // namespace tarnwick::simulator

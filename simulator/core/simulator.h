@@ -3,34 +3,29 @@
 
 #include "core/command_log.h"
 #include "core/engine.h"
-#include "core/fault_table.h"
-#include "core/peer_churn.h"
+#include "core/faults.h"
 
+#include <QByteArrayList>
 #include <QString>
-
-#include <string>
-#include <vector>
 
 namespace tarnwick::simulator {
 
-/// The daemon without its socket: one command line in, one reply out. Never throws, whatever the
-/// arguments; may be called with requests of any origin.
+/// The daemon without its socket: one command line in, one reply out. The command line may be
+/// anything: it comes from whoever can open the socket.
 class Simulator {
 public:
-    Simulator(World world, StateStore store, FaultTable faults, QString tun);
+    Simulator(World world, QString statePath, Faults faults, QString tun);
 
-    /// `open` is the number of commands under way, this one included, for the log.
-    Reply handle(const std::vector<std::string>& arguments, Moment now, int open = 1);
+    /// `open` goes into the log: how many commands are being answered, including this one.
+    Reply handle(const QByteArrayList& arguments, Moment now, int open = 1);
 
 private:
     Reply carryOut(const Command& command, Moment now);
-    Reply status(bool asJson, Moment now) const;
     Reply setFaults(const QStringList& specs);
     Reply describe(Moment now) const;
 
     Engine engine_;
-    PeerChurn churn_;
-    FaultTable faults_;
+    Faults faults_;
     CommandLog log_;
     QString tun_;
 };

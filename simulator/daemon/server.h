@@ -2,37 +2,48 @@
 #pragma once
 
 #include "core/simulator.h"
-#include "daemon/connection.h"
-#include "daemon/listener.h"
 
-#include <list>
+#include <QElapsedTimer>
+#include <QList>
+#include <QLocalServer>
+#include <QObject>
+#include <QString>
+
+#include <chrono>
+#include <sys/types.h>
 
 namespace tarnwick::simulator {
 
-/// Serves the socket until told to stop, in one thread and without ever blocking on one tool.
-class Server {
+class Connection;
+
+/// Serves a simulator on a socket in the file system, in one thread that no tool can block. Removes
+/// the socket in the end, unless another file has taken its place.
+class Server : public QObject {
 public:
-    /// More tools at once than this make the longest waiting one go.
-    static constexpr std::size_t maximumConnections = 200;
+    /// With one more, the oldest is closed.
+    static constexpr qsizetype maximumConnections = 200;
 
-    Server(Simulator& simulator, Listener& listener);
+    /// A tool that neither sends nor reads anything for `timeout` is disconnected.
+    explicit Server(Simulator& simulator,
+                    std::chrono::milliseconds timeout = std::chrono::seconds(10));
+    ~Server() override;
 
-    /// Returns when `stopDescriptor` becomes readable.
-    void run(int stopDescriptor);
+    /// Creates the directory, replaces a dead daemon's socket, and listens. Returns an error
+    /// message or "".
+    QString listen(const QString& path);
 
 private:
-    using Time = Connection::Time;
-
-    int timeout(Time now) const;
-    void serve(Connection& connection, short events, Time now);
-    void acceptAll(Time now);
-    int openCommands() const;
-    Moment moment(Time now) const;
+    void accept();
+    Reply handle(const QByteArrayList& arguments);
 
     Simulator& simulator_;
-    Listener& listener_;
-    Time start_;
-    std::list<Connection> connections_;
+    std::chrono::milliseconds timeout_;
+    QLocalServer server_;
+    QList<Connection*> connections_; // oldest first
+    QElapsedTimer clock_;
+    QString path_;
+    dev_t device_ = 0; // with `inode_` identifies the socket's file
+    ino_t inode_ = 0;
 };
 
 } // namespace tarnwick::simulator

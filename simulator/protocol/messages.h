@@ -1,22 +1,59 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "protocol/reply.h"
+#include <QByteArray>
+#include <QByteArrayList>
+#include <QString>
 
+#include <chrono>
 #include <optional>
-#include <string>
-#include <string_view>
-#include <vector>
 
 namespace tarnwick::simulator {
 
-/// The bytes that ask the daemon for one command. The arguments hold no NUL.
-std::string encodeRequest(const std::vector<std::string>& arguments);
+/// The command line that the tool passes to the daemon. On the socket: "tarnwick/1 COUNT SIZE\n"
+/// and SIZE bytes, which are COUNT arguments, each with a NUL at its end.
+struct Request {
+    enum class Status { Incomplete, Complete, Malformed };
 
-/// The bytes of an answer: the line "tarnwick/1 KIND EXIT OUTSIZE ERRSIZE\n" and both texts.
-std::string encodeReply(const Reply& reply);
+    /// More than any real command line has; limits what the daemon reads and parses.
+    static constexpr qsizetype maximumBytes = qsizetype{1} << 20;
+    static constexpr qsizetype maximumCount = 1000;
 
-/// The answer that `bytes` hold in full; nothing when they are cut short or no answer.
-std::optional<Reply> decodeReply(std::string_view bytes);
+    Status status = Status::Incomplete;
+    QByteArrayList arguments{}; ///< once it is complete
+
+    static QByteArray encode(const QByteArrayList& arguments);
+
+    /// The request at the start of `bytes`; ignores what follows it.
+    static Request decode(const QByteArray& bytes);
+};
+
+/// What the daemon tells the tool to do: print two texts and exit, or misbehave.
+struct Reply {
+    enum class Kind {
+        Text,  ///< print `out` and `err`, exit with `exitStatus`
+        Flood, ///< print `out` over and over, without end
+        Crash, ///< die of SIGABRT
+        Hang,  ///< nothing is sent, and the connection stays open
+    };
+
+    Kind kind = Kind::Text;
+    int exitStatus = 0;
+    QByteArray out{};
+    QByteArray err{};
+    std::chrono::milliseconds delay{0}; ///< how long the daemon holds the answer back; not sent
+
+    static Reply text(const QString& output) { return {.out = output.toUtf8()}; }
+
+    static Reply failure(const QString& sentence) {
+        return {.exitStatus = 1, .err = sentence.toUtf8() + '\n'};
+    }
+
+    /// On the socket: "tarnwick/1 KIND EXIT OUTSIZE ERRSIZE\n" and both texts.
+    QByteArray encode() const;
+
+    /// Nothing if `bytes` are not exactly one reply.
+    static std::optional<Reply> decode(const QByteArray& bytes);
+};
 
 } // namespace tarnwick::simulator

@@ -2,18 +2,15 @@
 // Any bytes as what a client of the simulated daemon sends: the first byte chooses between one raw
 // request and a script, a line a command with its arguments parted by tabs.
 #include "core/simulator.h"
-#include "core/world_reader.h"
 #include "property.h"
 #include "protocol/messages.h"
-#include "protocol/request_parser.h"
 
+#include <QByteArrayList>
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <string_view>
 
 using namespace tarnwick::simulator;
 using namespace std::chrono_literals;
@@ -21,49 +18,37 @@ using tarnwick::fuzz::require;
 
 namespace {
 
-using Arguments = std::vector<std::string>;
-
-constexpr std::size_t longestScript = 16;
-
-Arguments split(std::string_view text, char separator) {
-    Arguments pieces;
-    while (true) {
-        const std::size_t end = text.find(separator);
-        pieces.emplace_back(text.substr(0, end));
-        if (end == std::string_view::npos)
-            return pieces;
-        text.remove_prefix(end + 1);
-    }
-}
+constexpr qsizetype longestScript = 16;
 
 const World& builtInWorld() {
-    static const World world = *WorldReader().read(World::builtIn());
+    QString problem;
+    static const World world = *World::load(World::builtIn(), problem);
     return world;
 }
 
 /// A daemon whose clock moves on by half a second a command.
 class Daemon {
 public:
-    Reply answer(const Arguments& arguments) {
+    Reply answer(const QByteArrayList& arguments) {
         now_.sinceEpoch += 500ms;
         now_.sinceStart += 500ms;
         return simulator_.handle(arguments, now_);
     }
 
-    Reply healthyAnswer(const Arguments& arguments) {
+    Reply healthyAnswer(const QByteArrayList& arguments) {
         answer({"simulator", "fault", "none"});
         return answer(arguments);
     }
 
 private:
-    Simulator simulator_{builtInWorld(), StateStore({}), {}, QStringLiteral("tarnwick0")};
+    Simulator simulator_{builtInWorld(), {}, {}, QStringLiteral("tarnwick0")};
     Moment now_{.sinceEpoch = 1'700'000'000s};
 };
 
 void checkReply(const Reply& reply) {
     if (reply.kind == Reply::Kind::Hang)
         return;
-    const auto decoded = decodeReply(encodeReply(reply));
+    const auto decoded = Reply::decode(reply.encode());
     require(decoded && decoded->kind == reply.kind && decoded->exitStatus == reply.exitStatus &&
                 decoded->out == reply.out && decoded->err == reply.err,
             "a reply survives its way to the tool");
@@ -72,42 +57,39 @@ void checkReply(const Reply& reply) {
 
 void checkRecovery(Daemon& daemon) {
     const Reply status = daemon.healthyAnswer({"status", "--json"});
-    const auto document = QJsonDocument::fromJson(QByteArray::fromStdString(status.out)).object();
+    const auto document = QJsonDocument::fromJson(status.out).object();
     const QString state = document.value(u"BackendState").toString();
     require(QStringList({QStringLiteral("NeedsLogin"), QStringLiteral("Stopped"),
                          QStringLiteral("Starting"), QStringLiteral("Running")})
                 .contains(state),
             "without faults the status is a document with a known state");
     const Reply list = daemon.healthyAnswer({"switch", "--list"});
-    require(list.exitStatus == 0 && !list.out.empty(), "without faults the list has a header");
+    require(list.exitStatus == 0 && !list.out.isEmpty(), "without faults the list has a header");
 }
 
-void runScript(std::string_view script) {
+void runScript(const QByteArray& script) {
     Daemon daemon;
-    Arguments lines = split(script, '\n');
-    lines.resize(std::min(lines.size(), longestScript));
-    for (const std::string& line : lines)
-        checkReply(daemon.answer(split(line, '\t')));
+    for (const QByteArray& line : script.split('\n').mid(0, longestScript))
+        checkReply(daemon.answer(line.split('\t')));
     checkRecovery(daemon);
 }
 
-// The same request in one piece and byte by byte.
-void sendRaw(std::string_view bytes) {
-    RequestParser whole;
-    const auto status = whole.feed(bytes);
-    RequestParser pieces;
-    for (const char byte : bytes)
-        pieces.feed(std::string_view(&byte, 1));
-    require(bytes.empty() || pieces.status() == status, "a request may come in any pieces");
-    if (status != RequestParser::Status::Complete)
+// The same request whole and in part: every part of a header, ever fewer of what follows it.
+void sendRaw(const QByteArray& bytes) {
+    const Request whole = Request::decode(bytes);
+    for (qsizetype size = 0; size < bytes.size(); size += 1 + size / 100) {
+        const Request part = Request::decode(bytes.first(size));
+        require(part.status == Request::Status::Incomplete ||
+                    (part.status == whole.status && part.arguments == whole.arguments),
+                "a request may come in any pieces");
+    }
+    if (whole.status != Request::Status::Complete)
         return;
-    require(pieces.arguments() == whole.arguments(), "pieces hold the same arguments");
-    RequestParser again;
-    again.feed(encodeRequest(whole.arguments()));
-    require(again.status() == status && again.arguments() == whole.arguments(),
+    const Request again = Request::decode(Request::encode(whole.arguments));
+    require(again.status == whole.status && again.arguments == whole.arguments,
             "a request survives being sent");
     Daemon daemon;
-    checkReply(daemon.answer(whole.arguments()));
+    checkReply(daemon.answer(whole.arguments));
     checkRecovery(daemon);
 }
 
@@ -116,7 +98,8 @@ void sendRaw(std::string_view bytes) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size == 0)
         return 0;
-    const std::string_view rest(reinterpret_cast<const char*>(data) + 1, size - 1);
+    const QByteArray rest(reinterpret_cast<const char*>(data) + 1,
+                          static_cast<qsizetype>(size - 1));
     if (data[0] == 'r')
         sendRaw(rest);
     else

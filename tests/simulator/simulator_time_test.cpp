@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "core/simulator.h"
-#include "core/world_reader.h"
 #include "moments.h"
 
 #include <QJsonDocument>
@@ -16,9 +15,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 World builtInWorld() {
-    WorldReader reader;
-    const auto world = reader.read(World::builtIn());
-    EXPECT_TRUE(world) << reader.problem().toStdString();
+    QString problem;
+    const auto world = World::load(World::builtIn(), problem);
+    EXPECT_TRUE(world) << problem.toStdString();
     return world.value_or(World());
 }
 
@@ -26,12 +25,12 @@ class SimulatorTime : public testing::Test {
 protected:
     QJsonObject status(double seconds) {
         const Reply reply = simulator_.handle({"status", "--json"}, at(seconds));
-        return QJsonDocument::fromJson(QByteArray::fromStdString(reply.out)).object();
+        return QJsonDocument::fromJson(reply.out).object();
     }
 
     QString state(double seconds) { return status(seconds).value("BackendState"_L1).toString(); }
 
-    int logIn(const std::string& key, double seconds) {
+    int logIn(const QByteArray& key, double seconds) {
         return simulator_
             .handle({"login", "--login-server=https://a.example", "--authkey", key}, at(seconds))
             .exitStatus;
@@ -46,7 +45,7 @@ protected:
         return names;
     }
 
-    Simulator simulator_{builtInWorld(), StateStore({}), FaultTable(), u"tun0"_s};
+    Simulator simulator_{builtInWorld(), {}, Faults(), u"tun0"_s};
 };
 
 } // namespace
@@ -66,11 +65,11 @@ TEST_F(SimulatorTime, UpWhileStartingDoesNotBeginAnew) {
 
 TEST_F(SimulatorTime, SwitchingWhileRunningPassesThroughStarting) {
     logIn("twkey-harbor-good", 0);
-    const std::string first = simulator_.handle({"simulator", "state"}, at(0)).out;
+    const QByteArray first = simulator_.handle({"simulator", "state"}, at(0)).out;
     logIn("twkey-kite-good", 0);
-    const QJsonObject account = QJsonDocument::fromJson(QByteArray::fromStdString(first)).object();
+    const QJsonObject account = QJsonDocument::fromJson(first).object();
     EXPECT_EQ(state(50), u"Running"_s);
-    simulator_.handle({"switch", account.value("current"_L1).toString().toStdString()}, at(50));
+    simulator_.handle({"switch", account.value("current"_L1).toString().toUtf8()}, at(50));
     EXPECT_EQ(state(51), u"Starting"_s);
     EXPECT_EQ(state(52), u"Running"_s);
 }
@@ -81,14 +80,14 @@ TEST_F(SimulatorTime, LoginLapsesAndCanBeRenewed) {
     EXPECT_EQ(state(60), u"NeedsLogin"_s);
     EXPECT_EQ(simulator_.handle({"up"}, at(61)).exitStatus, 1);
     // The profile is still there; it only needs a new log-in.
-    EXPECT_NE(simulator_.handle({"switch", "--list"}, at(61)).out.find("ops@"), std::string::npos);
+    EXPECT_TRUE(simulator_.handle({"switch", "--list"}, at(61)).out.contains("ops@"));
     EXPECT_EQ(logIn("twkey-harbor-brief", 70), 0);
     EXPECT_EQ(state(72), u"Running"_s);
 }
 
 TEST_F(SimulatorTime, PeersComeAndGoTheSameWayInEveryRun) {
     logIn("twkey-harbor-good", 0);
-    Simulator other(builtInWorld(), StateStore({}), FaultTable(), u"tun0"_s);
+    Simulator other(builtInWorld(), {}, Faults(), u"tun0"_s);
     QSet<QSet<QString>> seen;
     for (int second = 3; second < 1200; second += 20) {
         seen.insert(online(second));
