@@ -73,30 +73,18 @@ QJsonObject selfLoggedIn(const Profile& profile, const Network& network, bool is
     return self;
 }
 
-// FNV-1a over the bytes, then a finisher so that neighbouring numbers land far apart. Qt's own hash
-// may differ from version to version, and a demo should not.
-quint32 mix(quint32 hash, quint64 number) {
-    for (int shift = 0; shift < 64; shift += 8)
-        hash = (hash ^ static_cast<quint32>((number >> shift) & 0xff)) * 16777619U;
-    hash ^= hash >> 16;
-    hash *= 0x7feb352dU;
-    hash ^= hash >> 15;
-    return hash;
-}
-
 /// Whether a peer is online: at first as the world says, then as chance decides anew every four
 /// periods. These begin at different times for different peers, so that few change at once.
 bool isOnline(const World& world, const Network& network, qsizetype index, Moment now) {
     const Peer& peer = network.peers.at(index);
     if (!peer.churn || world.churnPeriod.count() == 0)
         return peer.online;
-    quint32 hash = mix(2166136261U, world.seed);
-    for (const QChar character : network.name)
-        hash = mix(hash, character.unicode());
-    hash = mix(hash, static_cast<quint64>(index));
-    const auto period = static_cast<quint64>(now.sinceStart / world.churnPeriod);
-    const quint64 turn = (period + hash % 4) / 4;
-    return turn == 0 ? peer.online : mix(hash, turn) % 100 < 70;
+    const auto chance = [&](qint64 turn) {
+        const QString subject = u"%1 %2 %3 "_s.arg(world.seed).arg(index).arg(turn) + network.name;
+        return digest(subject).left(8).toUInt(nullptr, 16);
+    };
+    const qint64 turn = (now.sinceStart / world.churnPeriod + chance(0) % 4) / 4;
+    return turn == 0 ? peer.online : chance(turn) % 100 < 70;
 }
 
 QJsonObject peerObject(const Network& network, qsizetype index, bool online, Moment now) {
