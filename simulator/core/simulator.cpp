@@ -16,11 +16,6 @@ using namespace std::chrono_literals;
 
 namespace {
 
-QJsonObject withoutExpiry(QJsonObject profile) {
-    profile.remove("expiresAt"_L1);
-    return profile;
-}
-
 /// The reply of a command that is not carried out because of its fault.
 Reply faultyReply(const QString& fault) {
     if (fault == "hang"_L1)
@@ -102,7 +97,7 @@ Reply Simulator::setFaults(const QStringList& specs) {
 Reply Simulator::describe(Moment now) const {
     QJsonArray profiles;
     for (const Profile& profile : engine_.state().profiles)
-        profiles.append(withoutExpiry(profile.toJson()));
+        profiles.append(profile.toJson());
     const QJsonObject object{{u"backendState"_s, toString(engine_.backendState(now))},
                              {u"current"_s, engine_.state().currentId},
                              {u"profiles"_s, profiles},
