@@ -211,24 +211,35 @@ class Desktop(Screen):
             return self.windows(process), process.output(), self.tray and self.tray.output()
 
         # Trays move their icons about while they grow.
-        deadline = time.monotonic() + seconds
-        while True:
-            rect = wait_until(lambda: self.icon(process), "the icon", seconds, describe=describe)
-            if stays(lambda: self.icon(process) == rect, 0.3) or time.monotonic() > deadline:
-                return rect
+        return self._wait_until_still(lambda: self.icon(process), "the icon", seconds, describe)
 
     def wait_for_panel(self, process, seconds=TIME_LIMIT):
-        return wait_until(lambda: self.panel(process), "the panel", seconds)
+        def describe():
+            return self.windows(process), process.output()
 
-    def wait_for_no_panel(self, process, seconds=TIME_LIMIT):
-        wait_until(lambda: self.panel(process) is None, "the panel to close", seconds)
+        return self._wait_until_still(lambda: self.panel(process), "the panel", seconds, describe)
+
+    def wait_for_no_panel(self, process):
+        wait_until(lambda: self.panel(process) is None, "the panel to close")
         self.settle()
 
-    def wait_for_menu(self, process, seconds=TIME_LIMIT):
+    def wait_for_menu(self, process):
         """The icon's context menu."""
         def menu():
             return self.find_window(process, lambda rect: 64 < rect.width < PANEL_WIDTH)
-        return wait_until(menu, "the menu", seconds)
+        return self._wait_until_still(menu, "the menu")
+
+    def _wait_until_still(self, find, what, seconds=TIME_LIMIT, describe=None):
+        """Where that window is as soon as it stays there."""
+        rect = None
+
+        def is_still():
+            nonlocal rect
+            rect = find()
+            return rect and stays(lambda: find() == rect, 0.3)
+
+        wait_until(is_still, what, seconds, describe=describe)
+        return rect
 
     def settle(self):
         """Gives the window manager time to hand the focus on, as a user's hand does."""

@@ -7,6 +7,10 @@ import signal
 import subprocess
 import sys
 
+from virtual_desktop.waiting import TIME_LIMIT
+
+STOP_LIMIT = 20.0  # seconds, for one that may not want to end
+
 # No code of ours between fork and exec: with threads about, Python's may wait there for ever.
 BOUND = ("setpriv", "--pdeathsig", "KILL", "--")
 
@@ -30,15 +34,19 @@ class Process(subprocess.Popen):
     def is_running(self):
         return self.poll() is None
 
-    def stop(self, with_signal=signal.SIGTERM, seconds=5.0):
+    def wait_for_end(self):
+        """Returns its exit status."""
+        return self.wait(TIME_LIMIT)
+
+    def stop(self, with_signal=signal.SIGTERM):
         """Ends it and returns its exit status."""
         if self.is_running():
             self.send_signal(with_signal)
         try:
-            return self.wait(seconds)
+            return self.wait(STOP_LIMIT)
         except subprocess.TimeoutExpired:
             self.kill()
-            return self.wait(seconds)
+            return self.wait(STOP_LIMIT)
 
     def output(self):
         return self.log.read_text(encoding="utf-8", errors="replace")

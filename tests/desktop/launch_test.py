@@ -75,7 +75,7 @@ class SecondLaunch(unittest.TestCase):
     def launch_again(self, desktop, **options):
         started = time.monotonic()
         second = desktop.start_client(**options)
-        self.assertEqual(second.wait(10), 0, second.output())
+        self.assertEqual(second.wait_for_end(), 0, second.output())
         return time.monotonic() - started
 
     def test_it_opens_the_panel_of_the_first_under_its_icon(self):
@@ -157,37 +157,38 @@ class OneController(unittest.TestCase):
             started = time.monotonic()
             before = len(calls(client))
             self.assertGreater(before, 0)
-            self.assertTrue(stays(lambda: True, 11.0))
-            # One poll every five seconds, and now and then a list of profiles.
-            polls = calls(client)[before:].count("status --json")
-            self.assertIn(polls, (2, 3), f"in {time.monotonic() - started} s")
+            wait_until(lambda: calls(client)[before:].count("status --json") >= 4, "four polls")
+            # One every five seconds, which a timer may shorten a little: there are three between.
+            self.assertGreater(time.monotonic() - started, 3 * 4.5)
 
 
 class Leaving(unittest.TestCase):
-    def check_quick_end(self, with_signal, after):
+    def time_to_leave(self, tool, with_signal, after):
         with Desktop(tray="top") as desktop:
-            client = desktop.copy_client(HANGING_TOOL)
+            client = desktop.copy_client(tool)
             process = desktop.start_client(program=client)
             desktop.wait_for_icon(process)
             wait_until(lambda: calls(client), "a call of the tool")
             time.sleep(after)
             started = time.monotonic()
             process.send_signal(with_signal)
-            self.assertEqual(process.wait(10), 0)
-            self.assertLess(time.monotonic() - started, 1.0)
+            self.assertEqual(process.wait_for_end(), 0)
+            return time.monotonic() - started
 
-    def test_takes_less_than_a_second_on_either_signal_while_the_tool_hangs(self):
+    def test_takes_hardly_longer_on_either_signal_while_the_tool_hangs(self):
+        idle = self.time_to_leave(STOPPED_TOOL, signal.SIGTERM, 1.0)
         for with_signal in (signal.SIGTERM, signal.SIGINT):
             for after in (0, 0.7):
                 with self.subTest(signal=with_signal, after=after):
-                    self.check_quick_end(with_signal, after)
+                    hanging = self.time_to_leave(HANGING_TOOL, with_signal, after)
+                    self.assertLess(hanging, 1.0 + 5 * idle)
 
     def test_the_display_going_away_ends_the_program(self):
         with Desktop(tray="top") as desktop:
             client = desktop.start_client()
             desktop.wait_for_icon(client)
             next(process for process in desktop.processes if process.args[0] == "Xvfb").stop()
-            client.wait(10)
+            client.wait_for_end()
 
 
 if __name__ == "__main__":

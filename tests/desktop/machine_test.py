@@ -180,7 +180,7 @@ class Signals(unittest.TestCase):
                     session.begin(*KEYS)
                     session.refresh(*CONNECTED)
                     session.client.send_signal(number)
-                    self.assertEqual(session.client.wait(2.0), 0)
+                    self.assertEqual(session.client.wait_for_end(), 0)
                     self.assertEqual(session.daemon.account()["backendState"], "Running")
 
     def test_those_that_mean_something_else_do_nothing(self):
@@ -242,7 +242,7 @@ class Surroundings(unittest.TestCase):
         session = self.start()
         session.close_panel()
         session.desktop.stop_tray()
-        self.assertEqual(session.start_again().wait(10.0), 0)
+        self.assertEqual(session.start_again().wait_for_end(), 0)
         session.wait_for_texts(*CONNECTED)
         session.close_panel()
         session.desktop.start_tray()
@@ -279,7 +279,7 @@ class Surroundings(unittest.TestCase):
         display = next(process for process in session.desktop.processes
                        if process.args[0] == "Xvfb")
         display.stop()
-        session.client.wait(5.0)
+        session.client.wait_for_end()
         self.assertEqual(session.daemon.account()["backendState"], "Running")
 
 

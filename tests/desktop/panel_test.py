@@ -3,7 +3,7 @@
 
 import unittest
 
-from virtual_desktop import Desktop, Rect, stays
+from virtual_desktop import Desktop, Rect, stays, wait_until
 
 SCREEN = Rect(0, 0, 1280, 800)
 
@@ -48,7 +48,8 @@ class PanelOpensAndCloses(unittest.TestCase):
         self.desktop.wait_for_no_panel(self.client)
 
     def test_it_has_the_focus(self):
-        self.assertIn(self.desktop.active_window(), self.desktop.windows(self.client))
+        wait_until(lambda: self.desktop.active_window() in self.desktop.windows(self.client),
+                   "the focus")
 
 
 class PanelIsPlacedBesideTheIcon(unittest.TestCase):

@@ -88,7 +88,7 @@ class ScreenReader:
     def close(self):
         self._process.stdin.close()
         try:
-            self._process.wait(5.0)
+            self._process.wait(20.0)
         except subprocess.TimeoutExpired:
             self._process.kill()
             self._process.wait(5.0)
@@ -129,7 +129,7 @@ class Server:
         self.atspi, self.glib = Atspi, GLib
         self.nodes = []
         Atspi.init()
-        Atspi.set_timeout(5000, 15000)
+        Atspi.set_timeout(20000, 20000)
 
     def read(self, pid):
         for _ in range(READINGS - 1):

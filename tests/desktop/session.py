@@ -25,7 +25,6 @@ CLIENT = bin_dir() / "tarnwick-client"
 GOOD_KEY = "twkey-harbor-good"
 ADDRESS = "100.72.14.3"
 PANEL = "Tarnwick Network"
-MOST_OPEN = 5  # the panel, a popover, and some for keys that come too early
 
 # As the client's own, in its own view of the file system. The one that has it mounted for a user
 # who is not root gives the rights for that away again.
@@ -217,20 +216,27 @@ class Session:
     def open_panel(self):
         """Clicks on the icon until the panel stays: a window that is just being closed may hand the
         focus on in between, and the panel closes when it loses it."""
-        for _ in range(MOST_OPEN):
+        def is_open():
+            if not self.client.is_running():
+                raise AssertionError(f"the client has ended: {self.client.output()}")
             if self.panel() is None:
                 self.desktop.click(self.icon.center)
-            if stays(lambda: self.panel() is not None, 0.3) or comes(self.panel, 3.0):
-                return
-        raise AssertionError("the panel does not open")
+            return comes(self.has_focus, 3.0) and stays(self.panel, 0.3)
+
+        wait_until(is_open, "the panel to open and stay")
+
+    def has_focus(self):
+        """Whether the panel is open, and it or another window of the client is the active one."""
+        return self.panel() and self.desktop.active_window() in self.desktop.windows(self.client)
 
     def close_panel(self):
-        for _ in range(MOST_OPEN):
+        def is_closed():
             if self.panel() is None:
-                return
+                return True
             self.desktop.key("Escape")
-            time.sleep(0.1)
-        raise AssertionError("Escape does not close the panel")
+            return comes(lambda: self.panel() is None, 0.5)
+
+        wait_until(is_closed, "Escape to close the panel")
 
     def click(self, name, role=Role.BUTTON, description=None):
         """A click with the mouse in the middle of a control."""
@@ -255,11 +261,11 @@ class Session:
 
     def refresh(self, *wanted, without=(), seconds=TIME_LIMIT):
         """Asks for the state of things until these texts are shown. A refresh that is under way
-        already answers with what it found before."""
+        already answers with what it found before. No mouse: the entry may be moving away."""
         deadline = time.monotonic() + seconds
         while True:
             self.open_panel()
-            self.click("Refresh")
+            self.press("Refresh")
             try:
                 return self.wait_for_texts(*wanted, without=without, seconds=2.0)
             except AssertionError:

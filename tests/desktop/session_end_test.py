@@ -19,7 +19,7 @@ class EndOfSession(unittest.TestCase):
             session.wait_for_texts("Connected", ADDRESS)
             wait_until(lambda: len(manager.ready) == 1, "the client to join the session")
             manager.end_session()
-            self.assertEqual(session.client.wait(20.0), 0)
+            self.assertEqual(session.client.wait_for_end(), 0)
             # Its autostart entry starts it: restored as well, it would be there twice.
             self.assertEqual(manager.properties["RestartStyleHint"][0], NEVER_RESTARTED)
             self.assertEqual(session.daemon.account()["backendState"], "Running")

@@ -10,6 +10,7 @@ from virtual_desktop import TIME_LIMIT, wait_until
 WATCHER = "org.kde.StatusNotifierWatcher"
 ITEM = "org.kde.StatusNotifierItem"
 MENU = "com.canonical.dbusmenu"
+CALL_LIMIT = int(TIME_LIMIT * 1000)  # milliseconds
 DESCRIPTION = f"""
 <node><interface name="{WATCHER}">
   <method name="RegisterStatusNotifierItem"><arg type="s" direction="in"/></method>
@@ -61,7 +62,7 @@ class StatusNotifierHost:
     def _call_bus(self, method, arguments):
         self._bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus",
                             "org.freedesktop.DBus", method, arguments, None,
-                            Gio.DBusCallFlags.NONE, 5000, None)
+                            Gio.DBusCallFlags.NONE, CALL_LIMIT, None)
 
     def _call(self, _connection, sender, _path, _interface, method, arguments, invocation):
         (text,) = arguments.unpack()
@@ -98,7 +99,7 @@ class StatusNotifierHost:
     def _call_item(self, path, interface, method, arguments):
         name, _ = self.wait_for_item()
         reply = self._bus.call_sync(name, path, interface, method, arguments, None,
-                                    Gio.DBusCallFlags.NONE, 5000, None)
+                                    Gio.DBusCallFlags.NONE, CALL_LIMIT, None)
         return reply.unpack()
 
     def property(self, name):

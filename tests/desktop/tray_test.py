@@ -53,7 +53,7 @@ class XTray(unittest.TestCase):
             desktop.click(icon.center, button=3)
             desktop.wait_for_menu(client)
             desktop.key("Down", "Down", "Return")
-            self.assertEqual(client.wait(5), 0)
+            self.assertEqual(client.wait_for_end(), 0)
 
     def test_it_comes_without_a_session_bus(self):
         with Desktop(tray="top", session_bus=False) as desktop:
@@ -106,7 +106,7 @@ class NotifierHost(unittest.TestCase):
             host.activate((640, 8))
             self.desktop.wait_for_no_panel(client)
             host.choose("Quit Tarnwick Network")
-            self.assertEqual(client.wait(5), 0)
+            self.assertEqual(client.wait_for_end(), 0)
 
     def test_one_that_starts_late_gets_the_icon(self):
         self.desktop.start_client()

@@ -43,7 +43,7 @@ class Walk:
             self.remove_the_last()
             self.log_in_no_more()
             self.choose("Quit Tarnwick Network")
-            self.assertEqual(self.session.client.wait(5.0), 0)
+            self.assertEqual(self.session.client.wait_for_end(), 0)
 
     def begin(self):
         """The machine was in a network once, and the client is new to it."""

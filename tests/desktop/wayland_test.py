@@ -30,13 +30,13 @@ class Wayland(unittest.TestCase):
             self.assertTrue(stays(client.is_running, 1.0))
             host.activate((10, 10))
             host.choose("Quit Tarnwick Network")
-            self.assertEqual(client.wait(5), 0)
+            self.assertEqual(client.wait_for_end(), 0)
 
     def test_without_an_icon_a_second_launch_opens_the_panel(self):
         client = self.start_client()
         self.assertTrue(stays(client.is_running, 1.0))
         second = self.desktop.start_client()
-        self.assertEqual(second.wait(10), 0)
+        self.assertEqual(second.wait_for_end(), 0)
         wait_until(lambda: 'set_title("Tarnwick Network")' in client.output(), "the panel")
         self.assertTrue(stays(client.is_running, 1.0))
         self.assertEqual(client.stop(), 0)
