@@ -63,7 +63,7 @@ class InSession(unittest.TestCase):
                                   describe=demo.output)
             wait_until(lambda: desktop.icon(children["tarnwick-client"]), "the icon")
             demo.send_signal(signal.SIGINT)
-            self.assertEqual(demo.wait(30), 130, demo.output())
+            self.assertEqual(demo.wait_for_end(), 130, demo.output())
             self.assertIn("Ctrl-C ends the demo", demo.output())
             for process in children.values():
                 self.assertFalse(pathlib.Path(f"/proc/{process.pid}").exists())

@@ -265,7 +265,9 @@ class Surroundings(unittest.TestCase):
         return "Connected" in session.texts()
 
     def test_the_module_that_checks_for_updates_is_damaged(self):
-        (module,) = bin_dir().glob("tarnwick-network-*.so")
+        version = subprocess.run([bin_dir() / "tarnwick-client", "--version"], text=True,
+                                 capture_output=True, check=True).stdout.split()[-1]
+        module = bin_dir() / f"tarnwick-network-{version}.so"  # older ones may stand beside it
         session = self.start(mounts=f"mount --bind /dev/null '{module}'")
         session.click("Check for Updates...")
         session.wait_for_texts("Software Update", "Close")
