@@ -46,8 +46,8 @@ TEST(UpdateDialog, OutdatedOffersTheDownloadFirst) {
 }
 
 TEST(UpdateDialog, UnusualVersionsAreShownUnchanged) {
-    EXPECT_EQ(dialogFor(Outdated{u" %1 "_s, u"2.0-beta"_s}).informativeText,
-              u"Version 2.0-beta is available. You have  %1 ."_s);
+    EXPECT_EQ(dialogFor(Outdated{u" %1 "_s, u" 2.0-beta "_s}).informativeText,
+              u"Version  2.0-beta  is available. You have  %1 ."_s);
     EXPECT_EQ(dialogFor(Outdated{u""_s, u"%2 <b>"_s}).informativeText,
               u"Version %2 <b> is available. You have ."_s);
     EXPECT_EQ(dialogFor(UpToDate{u"2.0-beta"_s}).informativeText,
