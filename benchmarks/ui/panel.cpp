@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // From the call that a click makes to the first painted frame: the panel the second time, and a
 // popover of 1,000 devices, each against an empty window of its size.
+#include "support/publishing.h"
 #include "ui/panel/devices_submenu.h"
 #include "ui/panel/menu_bar_view.h"
 
@@ -73,10 +74,12 @@ public:
                         i % 2 == 0,
                         QStringLiteral("linux")});
         }
-        daemon_->isConnected.set(true);
-        daemon_->ipAddress.set(QStringLiteral("100.64.0.1"));
-        daemon_->hostname.set(QStringLiteral("my-computer"));
-        daemon_->devices.set(all);
+        DaemonState state;
+        state.isConnected = true;
+        state.ipAddress = QStringLiteral("100.64.0.1");
+        state.hostname = QStringLiteral("my-computer");
+        state.devices = all;
+        test::publish(*daemon_, state);
         open();
     }
 

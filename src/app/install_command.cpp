@@ -23,7 +23,7 @@ int runInstallCommand(DaemonManagerOptions options) {
         if (succeeded) {
             std::puts("The network daemon is installed and started.");
         } else {
-            const QString message = daemon->errorMessage().value_or(QString());
+            const QString message = daemon->state().errorMessage.value_or(QString());
             std::fprintf(stderr, "%s\n", qPrintable(message));
         }
         loop.exit(succeeded ? 0 : 1);

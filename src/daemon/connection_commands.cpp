@@ -47,7 +47,7 @@ void DaemonManager::switchProfile(const QString& id) {
 
 void DaemonManager::finishConnecting(const QString& output) {
     if (hasCommandError(output))
-        errorMessage.set(output);
+        published_.set(&DaemonState::errorMessage, output);
     refreshStatus(true);
 }
 
@@ -66,7 +66,7 @@ void DaemonManager::connectWithAuthKey(const QString& authKey, const QString& de
         },
         [completion = std::move(completion)](DaemonManager& self, const QString& output) {
             if (hasCommandError(output))
-                self.errorMessage.set(output);
+                self.published_.set(&DaemonState::errorMessage, output);
             self.refreshStatus(true, [weak = self.weak_from_this(), output, completion] {
                 if (const auto manager = weak.lock())
                     manager->finishLogin(output, completion);
@@ -77,10 +77,10 @@ void DaemonManager::connectWithAuthKey(const QString& authKey, const QString& de
 // The refresh before this has cleared the message if the daemon answers at all: a refused log-in
 // has to be shown again, unless the machine is connected all the same.
 void DaemonManager::finishLogin(const QString& output, const Completion& completion) {
-    if (isConnected())
-        errorMessage.set(std::nullopt);
+    if (state().isConnected)
+        published_.set(&DaemonState::errorMessage, std::nullopt);
     else if (hasCommandError(output))
-        errorMessage.set(output);
+        published_.set(&DaemonState::errorMessage, output);
     if (completion)
         completion();
 }
@@ -96,16 +96,17 @@ void DaemonManager::removeProfile(const QString& id) {
 
 void DaemonManager::finishRemoval(const QString& id, const QString& output) {
     if (hasCommandError(output)) {
-        errorMessage.set(output.isEmpty() ? u"Failed to remove profile "_s + id : output);
+        published_.set(&DaemonState::errorMessage,
+                       output.isEmpty() ? u"Failed to remove profile "_s + id : output);
         return;
     }
     ProfileDetailsMap remembered = details_.load();
     remembered.remove(id);
     details_.save(remembered);
-    QList<NetworkProfile> remaining = profiles();
+    QList<NetworkProfile> remaining = state().profiles;
     remaining.removeIf([&id](const NetworkProfile& profile) { return profile.id == id; });
-    profiles.set(remaining);
-    errorMessage.set(std::nullopt);
+    published_.set(&DaemonState::profiles, remaining);
+    published_.set(&DaemonState::errorMessage, std::nullopt);
     refreshStatus(true);
 }
 

@@ -14,7 +14,7 @@ namespace tarnwick {
 using namespace Qt::StringLiterals;
 
 void DaemonManager::checkDaemonInstalled() {
-    daemonInstalled.set(ToolPaths::installed(platform_).exist());
+    published_.set(&DaemonState::daemonInstalled, ToolPaths::installed(platform_).exist());
 }
 
 // The job description that an installation copies: the packaged one, else one written for it.
@@ -72,11 +72,11 @@ DaemonManager::runInstallation(const CommandLine& command, const Environment& en
 
 void DaemonManager::finishInstallation(const InstallOutcome& outcome) {
     if (!outcome.succeeded) {
-        errorMessage.set(outcome.message);
+        published_.set(&DaemonState::errorMessage, outcome.message);
         return;
     }
-    daemonInstalled.set(true);
-    errorMessage.set(std::nullopt);
+    published_.set(&DaemonState::daemonInstalled, true);
+    published_.set(&DaemonState::errorMessage, std::nullopt);
     QTimer::singleShot(timing_.refreshAfterInstall, &statusTimer_, [this] { refreshStatus(true); });
 }
 

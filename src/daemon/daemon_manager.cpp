@@ -64,17 +64,8 @@ DaemonManager::~DaemonManager() {
     cancellation_.cancel();
 }
 
-DaemonState DaemonManager::state() const {
-    return {
-        .isConnected = isConnected(),
-        .backendState = backendState(),
-        .ipAddress = ipAddress(),
-        .hostname = hostname(),
-        .devices = devices(),
-        .profiles = profiles(),
-        .errorMessage = errorMessage(),
-        .daemonInstalled = daemonInstalled(),
-    };
+void DaemonManager::clearErrorMessage() {
+    published_.set(&DaemonState::errorMessage, std::nullopt);
 }
 
 void DaemonManager::startStatusPolling() {

@@ -2,8 +2,7 @@
 #pragma once
 
 #include "daemon/command_runner.h"
-#include "daemon/daemon_state.h"
-#include "daemon/published.h"
+#include "daemon/published_state.h"
 #include "daemon/refresh_bookkeeping.h"
 #include "daemon/tool_paths.h"
 #include "model/profile_details_store.h"
@@ -51,23 +50,11 @@ public:
     DaemonManager(const DaemonManager&) = delete;
     DaemonManager& operator=(const DaemonManager&) = delete;
 
-    ObjectWillChange objectWillChange;
+    /// What views show.
+    const DaemonState& state() const { return published_.value(); }
 
-    Published<bool> isConnected{objectWillChange, false};
-    Published<QString> backendState{objectWillChange, DaemonState::stoppedStatus()};
-    Published<QString> ipAddress{objectWillChange, {}};
-    Published<QString> hostname{objectWillChange, {}};
-    Published<QList<DeviceInfo>> devices{objectWillChange, {}};
-    Published<QList<NetworkProfile>> profiles{objectWillChange, {}};
-    Published<std::optional<QString>> errorMessage{objectWillChange, std::nullopt};
-    Published<bool> daemonInstalled{objectWillChange, false};
-
-    /// All published fields as they are now.
-    DaemonState state() const;
-
-    QString statusLabel() const { return state().statusLabel(); }
-
-    HeaderColor headerColor() const { return state().headerColor(); }
+    /// The same, with the announcements of its changes.
+    const PublishedState& published() const { return published_; }
 
     /// Refreshes at once and then every five seconds; called again, it starts over.
     void startStatusPolling();
@@ -87,6 +74,9 @@ public:
 
     void switchProfile(const QString& id);
     void removeProfile(const QString& id);
+
+    /// Takes away the message of an earlier failure, as a new attempt begins.
+    void clearErrorMessage();
 
     /// Sets `daemonInstalled` from the files of an installation.
     void checkDaemonInstalled();
@@ -139,6 +129,8 @@ private:
                                           const CancellationToken& cancellation);
     void finishInstallation(const InstallOutcome& outcome);
     static void ensureDaemonRunning(const CommandRunner& runner, const CommandLine& nudge);
+
+    PublishedState published_;
 
     const Platform platform_;
     const Timing timing_;

@@ -30,13 +30,13 @@ void DaemonManager::rememberCurrentProfileDetails(const QString& address, const 
     details_.save(remembered);
     if (pendingCurrentProfileID_ == id)
         pendingCurrentProfileID_.reset();
-    profiles.set(enrichProfiles(profiles()));
+    published_.set(&DaemonState::profiles, enrichProfiles(state().profiles));
 }
 
 // Right after a switch the tool's list may not mark a current profile yet; then it is the one that
 // was switched to.
 std::optional<QString> DaemonManager::profileToRememberFor() const {
-    const QList<NetworkProfile>& list = profiles();
+    const QList<NetworkProfile>& list = state().profiles;
     auto found = std::find_if(list.begin(), list.end(),
                               [](const NetworkProfile& profile) { return profile.isCurrent; });
     if (found == list.end()) {

@@ -19,7 +19,7 @@ void DaemonManager::beginRefresh(bool forceProfiles, Completion completion) {
             completion();
         return;
     }
-    const bool readProfiles = refresh_.shouldReadProfiles(forceProfiles, profiles().isEmpty(),
+    const bool readProfiles = refresh_.shouldReadProfiles(forceProfiles, state().profiles.isEmpty(),
                                                           RefreshBookkeeping::Clock::now);
     workQueue_.async([weak = weak_from_this(), runner = runner_, readProfiles,
                       completion = std::move(completion)]() mutable {
@@ -46,7 +46,7 @@ DaemonManager::RefreshResult DaemonManager::readStatus(const CommandRunner& runn
 void DaemonManager::finishRefresh(const RefreshResult& result, const Completion& completion) {
     if (result.profiles) {
         pruneProfileDetails(*result.profiles);
-        profiles.set(enrichProfiles(*result.profiles));
+        published_.set(&DaemonState::profiles, enrichProfiles(*result.profiles));
         refresh_.profilesWereRead(RefreshBookkeeping::Clock::now());
     }
     if (result.status)
@@ -62,25 +62,25 @@ void DaemonManager::finishRefresh(const RefreshResult& result, const Completion&
 }
 
 void DaemonManager::publishStopped() {
-    backendState.set(DaemonState::stoppedStatus());
-    isConnected.set(false);
-    ipAddress.set({});
-    hostname.set({});
-    devices.set({});
+    published_.set(&DaemonState::backendState, DaemonState::stoppedStatus());
+    published_.set(&DaemonState::isConnected, false);
+    published_.set(&DaemonState::ipAddress, {});
+    published_.set(&DaemonState::hostname, {});
+    published_.set(&DaemonState::devices, {});
 }
 
 void DaemonManager::publishStatus(const StatusResponse& status,
                                   const QList<DeviceInfo>& sortedDevices) {
-    backendState.set(status.backendState);
-    isConnected.set(status.isConnected());
-    ipAddress.set(status.ipAddress());
-    hostname.set(status.hostname());
+    published_.set(&DaemonState::backendState, status.backendState);
+    published_.set(&DaemonState::isConnected, status.isConnected());
+    published_.set(&DaemonState::ipAddress, status.ipAddress());
+    published_.set(&DaemonState::hostname, status.hostname());
     // A poll queued behind a switch or a log-in tells of the new network while the list still marks
     // the old one, whose details it must not replace. The forced refresh that follows reads both.
-    if (isConnected() && refresh_.profilesAreOfThisStatus())
-        rememberCurrentProfileDetails(ipAddress(), hostname());
-    errorMessage.set(std::nullopt);
-    devices.set(sortedDevices);
+    if (state().isConnected && refresh_.profilesAreOfThisStatus())
+        rememberCurrentProfileDetails(state().ipAddress, state().hostname);
+    published_.set(&DaemonState::errorMessage, std::nullopt);
+    published_.set(&DaemonState::devices, sortedDevices);
 }
 
 } // namespace tarnwick

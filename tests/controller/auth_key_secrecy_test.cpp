@@ -44,7 +44,7 @@ protected:
 TEST_F(AuthKeySecrecy, KeyOfAGoodLoginIsWrittenNowhere) {
     const auto manager = create();
     logIn(*manager, u"twkey-harbor-good"_s, u"name"_s);
-    EXPECT_TRUE(manager->isConnected());
+    EXPECT_TRUE(manager->state().isConnected);
     const QByteArray written = everythingWritten();
     EXPECT_TRUE(written.contains("100.72.14.3")) << "the settings are among it";
     EXPECT_FALSE(written.contains("twkey"));
@@ -55,7 +55,7 @@ TEST_F(AuthKeySecrecy, KeyOfARefusedLoginIsInNoMessageOfOurs) {
     for (const auto& fault : {u"none"_s, u"error@login"_s, u"garbage@login"_s, u"crash@login"_s}) {
         daemon_.setFaults({u"none"_s, fault});
         logIn(*manager, secret_);
-        EXPECT_FALSE(manager->errorMessage().value_or(u""_s).contains(secret_));
+        EXPECT_FALSE(manager->state().errorMessage.value_or(u""_s).contains(secret_));
     }
     EXPECT_FALSE(everythingWritten().contains(secret_.toUtf8()));
 }
@@ -64,14 +64,14 @@ TEST_F(AuthKeySecrecy, KeyForAToolThatCannotRunOrHangsIsInNoMessage) {
     auto manager = world_.createRefreshed();
     QFile::remove(world_.tool.path());
     logIn(*manager, secret_);
-    EXPECT_EQ(manager->errorMessage(), u"error: No such file or directory"_s);
+    EXPECT_EQ(manager->state().errorMessage, u"error: No such file or directory"_s);
     manager.reset();
 
     world_.timing.loginTimeout = std::chrono::milliseconds(100);
     manager = create();
     daemon_.setFaults({u"hang@login"_s});
     logIn(*manager, secret_);
-    EXPECT_FALSE(manager->errorMessage().value_or(u""_s).contains(secret_));
+    EXPECT_FALSE(manager->state().errorMessage.value_or(u""_s).contains(secret_));
     EXPECT_FALSE(everythingWritten().contains(secret_.toUtf8()));
 }
 

@@ -54,9 +54,9 @@ QString textOf(const QJsonObject& entry) {
 }
 
 bool isAsInAccount(const DaemonManager& manager, const QJsonObject& account) {
-    bool isSame = manager.backendState() == account.value(u"backendState"_s).toString() &&
-                  manager.profiles().size() == account.value(u"profiles"_s).toArray().size();
-    for (const NetworkProfile& profile : manager.profiles())
+    bool isSame = manager.state().backendState == account.value(u"backendState"_s).toString() &&
+                  manager.state().profiles.size() == account.value(u"profiles"_s).toArray().size();
+    for (const NetworkProfile& profile : manager.state().profiles)
         isSame =
             isSame && profile.isCurrent == (profile.id == account.value(u"current"_s).toString());
     return isSame;
@@ -95,7 +95,7 @@ TEST_F(CommandOrder, TwoHundredMixedCommandsRunOneByOneInOrderAndEndInTheDaemons
     // Published once the last refresh's tool has ended, which the daemon knows a moment earlier.
     const QJsonObject account = daemon_.account();
     EXPECT_TRUE(waitUntil([&] { return isAsInAccount(*manager, account); }));
-    EXPECT_TRUE(manager->isConnected());
+    EXPECT_TRUE(manager->state().isConnected);
 }
 
 } // namespace

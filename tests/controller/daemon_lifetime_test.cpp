@@ -17,27 +17,29 @@ class DaemonLifetime : public SimulatedWorld {};
 TEST_F(DaemonLifetime, DaemonThatStopsReadsStoppedAndItsCommandsTellWhy) {
     daemon_.logIn(u"twkey-harbor-good"_s);
     const auto manager = create();
-    ASSERT_TRUE(manager->isConnected());
+    ASSERT_TRUE(manager->state().isConnected);
     ASSERT_EQ(daemon_.stop(), 0);
     ASSERT_TRUE(test::refresh(*manager));
-    EXPECT_EQ(manager->statusLabel(), u"Stopped"_s);
-    EXPECT_TRUE(manager->devices().isEmpty());
-    EXPECT_EQ(manager->errorMessage(), std::nullopt);
+    EXPECT_EQ(manager->state().statusLabel(), u"Stopped"_s);
+    EXPECT_TRUE(manager->state().devices.isEmpty());
+    EXPECT_EQ(manager->state().errorMessage, std::nullopt);
     manager->connect();
-    EXPECT_TRUE(waitUntil(
-        [&] { return manager->errorMessage().value_or(u""_s).contains(u"failed to connect"_s); }));
+    EXPECT_TRUE(waitUntil([&] {
+        return manager->state().errorMessage.value_or(u""_s).contains(u"failed to connect"_s);
+    }));
 }
 
 TEST_F(DaemonLifetime, RestartedDaemonIsFoundAgainByThePoll) {
     daemon_.logIn(u"twkey-harbor-good"_s);
     world_.timing.statusPollInterval = 20ms;
     const auto manager = create();
-    ASSERT_TRUE(manager->isConnected());
+    ASSERT_TRUE(manager->state().isConnected);
     daemon_.stop();
-    EXPECT_TRUE(waitUntil([&] { return manager->statusLabel() == u"Stopped"_s; }));
+    EXPECT_TRUE(waitUntil([&] { return manager->state().statusLabel() == u"Stopped"_s; }));
     ASSERT_TRUE(daemon_.start());
-    EXPECT_TRUE(waitUntil([&] { return manager->isConnected(); })) << "it remembers its log-in";
-    EXPECT_EQ(manager->errorMessage(), std::nullopt);
+    EXPECT_TRUE(waitUntil([&] { return manager->state().isConnected; }))
+        << "it remembers its log-in";
+    EXPECT_EQ(manager->state().errorMessage, std::nullopt);
 }
 
 // The tool is told that the connection broke in the middle of its command.
@@ -53,12 +55,13 @@ TEST_F(DaemonLifetime, DaemonStoppedHalfWayThroughACommand) {
     manager->disconnect();
     ASSERT_EQ(daemon_.stop(), 0);
     EXPECT_TRUE(waitUntil([&] {
-        return manager->errorMessage().has_value() && manager->statusLabel() == u"Stopped"_s;
+        return manager->state().errorMessage.has_value() &&
+               manager->state().statusLabel() == u"Stopped"_s;
     }));
-    EXPECT_TRUE(hasCommandError(manager->errorMessage().value_or(u""_s)));
+    EXPECT_TRUE(hasCommandError(manager->state().errorMessage.value_or(u""_s)));
     ASSERT_TRUE(daemon_.start());
-    ASSERT_TRUE(waitUntil([&] { return test::refresh(*manager) && manager->isConnected(); }));
-    EXPECT_EQ(manager->errorMessage(), std::nullopt);
+    ASSERT_TRUE(waitUntil([&] { return test::refresh(*manager) && manager->state().isConnected; }));
+    EXPECT_EQ(manager->state().errorMessage, std::nullopt);
 }
 
 TEST_F(DaemonLifetime, DaemonThatHangsTimesOutAndIsRightAgainAfterwards) {
@@ -68,10 +71,11 @@ TEST_F(DaemonLifetime, DaemonThatHangsTimesOutAndIsRightAgainAfterwards) {
     for (const auto& fault : {u"hang"_s, u"garbage"_s, u"flood"_s, u"error"_s, u"crash"_s}) {
         daemon_.setFaults({fault});
         ASSERT_TRUE(test::refresh(*manager));
-        EXPECT_EQ(manager->statusLabel(), u"Stopped"_s) << fault.toStdString();
+        EXPECT_EQ(manager->state().statusLabel(), u"Stopped"_s) << fault.toStdString();
         daemon_.setFaults({u"none"_s});
-        EXPECT_TRUE(waitUntil([&] { return test::refresh(*manager) && manager->isConnected(); }))
-            << fault.toStdString();
+        EXPECT_TRUE(waitUntil([&] {
+            return test::refresh(*manager) && manager->state().isConnected;
+        })) << fault.toStdString();
     }
 }
 

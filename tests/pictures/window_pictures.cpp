@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "window_pictures.h"
 
+#include "support/publishing.h"
 #include "support/waiting.h"
 #include "ui/style/symbol.h"
 #include "ui/windows/auth_key_window.h"
@@ -67,7 +68,7 @@ bool paintWindows(const std::shared_ptr<DaemonManager>& daemon, const QDir& fold
         }});
         form.show(daemon);
         form.window()->findChildren<QLineEdit*>().last()->setText(state.authKey);
-        daemon->errorMessage.set(state.error);
+        test::publishError(*daemon, state.error);
         saved = save(*form.window(), folder, state.name, isDark) && saved;
     }
     return saved;

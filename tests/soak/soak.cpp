@@ -65,7 +65,7 @@ Soak::~Soak() = default;
 bool Soak::awaitFirstRefresh() {
     bool isOver = false;
     QEventLoop loop;
-    QObject::connect(&daemon_->objectWillChange, &ObjectWillChange::announced, &loop, [&] {
+    QObject::connect(&daemon_->published(), &PublishedState::objectWillChange, &loop, [&] {
         isOver = true;
         loop.quit();
     });
@@ -85,19 +85,20 @@ bool Soak::refreshOnce() {
 }
 
 bool Soak::showsStopped() const {
-    return !daemon_->isConnected() && daemon_->devices().isEmpty();
+    return !daemon_->state().isConnected && daemon_->state().devices.isEmpty();
 }
 
 bool Soak::showsAnswer() const {
-    return daemon_->isConnected() && daemon_->devices().size() == tool_.devices() &&
-           daemon_->profiles().size() == tool_.profiles();
+    return daemon_->state().isConnected && daemon_->state().devices.size() == tool_.devices() &&
+           daemon_->state().profiles.size() == tool_.profiles();
 }
 
 // On a busy machine a good answer may be late, and then counts as none; what the client showed
 // before must not stay.
 bool Soak::showsAnswerOrNone() const {
-    return (daemon_->profiles().isEmpty() || daemon_->profiles().size() == tool_.profiles()) &&
-           (showsStopped() || daemon_->devices().size() == tool_.devices());
+    return (daemon_->state().profiles.isEmpty() ||
+            daemon_->state().profiles.size() == tool_.profiles()) &&
+           (showsStopped() || daemon_->state().devices.size() == tool_.devices());
 }
 
 bool Soak::recovers(int devices) {
@@ -143,9 +144,9 @@ QString Soak::account() const {
     return u"tool %1, now %2 with %3 devices, client %4 with %5 devices and %6 profiles"_s
         .arg(QString::fromLatin1(lastCondition_), QString::fromLatin1(tool_.condition()))
         .arg(tool_.devices())
-        .arg(daemon_->backendState())
-        .arg(daemon_->devices().size())
-        .arg(daemon_->profiles().size());
+        .arg(daemon_->state().backendState)
+        .arg(daemon_->state().devices.size())
+        .arg(daemon_->state().profiles.size());
 }
 
 // Without a window manager nothing returns the focus, so that on a busy machine closing a popover

@@ -126,7 +126,7 @@ bool waitForRefresh(DaemonManager& manager) {
     // A refresh publishes everything in one turn of the event loop: one field tells of all.
     bool hasPublished = false;
     QObject context;
-    QObject::connect(&manager.objectWillChange, &ObjectWillChange::announced, &context,
+    QObject::connect(&manager.published(), &PublishedState::objectWillChange, &context,
                      [&hasPublished] { hasPublished = true; });
     return waitUntil([&hasPublished] { return hasPublished; });
 }

@@ -31,7 +31,7 @@ MenuBarView::MenuBarView(std::shared_ptr<DaemonManager> daemon, PerformCommand p
     scrollArea_->setContents(column_);
     activationReview_.setSingleShot(true);
     QObject::connect(&activationReview_, &QTimer::timeout, this, &MenuBarView::reviewActivation);
-    QObject::connect(&daemon_->objectWillChange, &ObjectWillChange::announced, this,
+    QObject::connect(&daemon_->published(), &PublishedState::objectWillChange, this,
                      &MenuBarView::scheduleRender);
     QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, this,
                      &MenuBarView::scheduleActivationReview);

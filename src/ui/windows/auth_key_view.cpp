@@ -49,7 +49,7 @@ AuthKeyView::AuthKeyView(std::shared_ptr<DaemonManager> daemon, AuthKeyViewOptio
     });
     connect(connectButton_, &QPushButton::clicked, this, &AuthKeyView::connectToNetwork);
     connect(authKey_, &QLineEdit::textChanged, this, &AuthKeyView::render);
-    connect(&daemon_->objectWillChange, &ObjectWillChange::announced, this,
+    connect(&daemon_->published(), &PublishedState::objectWillChange, this,
             &AuthKeyView::scheduleRender);
     render();
 }
@@ -117,7 +117,7 @@ QLayout* AuthKeyView::makeButtons() {
 
 void AuthKeyView::connectToNetwork() {
     setConnecting(true);
-    daemon_->errorMessage.set(std::nullopt);
+    daemon_->clearErrorMessage();
     const auto wait = [daemon = std::weak_ptr(daemon_), interval = options_.retryInterval,
                        onClose = options_.onClose] {
         checkAndClose(daemon, interval, onClose, moreRefreshes);
@@ -146,7 +146,7 @@ void AuthKeyView::render() {
     renderIsDue_ = false;
     connectButton_->setText(connecting_ ? u"Connecting..."_s : u"Connect"_s);
     connectButton_->setEnabled(!authKey_->text().isEmpty() && !connecting_);
-    const auto message = daemon_->errorMessage();
+    const auto message = daemon_->state().errorMessage;
     const QString text = message.value_or(QString());
     if (error_->text() != text)
         error_->setText(text);

@@ -13,7 +13,7 @@ void checkAndClose(const std::weak_ptr<DaemonManager>& daemon, std::chrono::mill
         return;
     manager->refreshStatus(false, [daemon, interval, onClose, attempts] {
         const auto refreshed = daemon.lock();
-        if (refreshed && refreshed->isConnected()) {
+        if (refreshed && refreshed->state().isConnected) {
             onClose();
         } else if (refreshed && attempts > 0) {
             QTimer::singleShot(interval, QCoreApplication::instance(),

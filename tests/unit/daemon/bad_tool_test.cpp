@@ -92,13 +92,13 @@ TEST_P(BadToolTest, StatusReadsStoppedAndTheNextGoodAnswerPutsItRight) {
     ASSERT_TRUE(test::waitForRefresh(*manager));
     EXPECT_TRUE(isLoopAlive);
     EXPECT_EQ(manager->state(), DaemonState());
-    EXPECT_TRUE(manager->profiles().isEmpty());
+    EXPECT_TRUE(manager->state().profiles.isEmpty());
 
     mendTool();
     // A slow machine may run even the good tool into the short limit; not for ever, though.
-    ASSERT_TRUE(waitUntil([&] { return test::refresh(*manager) && manager->isConnected(); }));
-    EXPECT_EQ(manager->devices().size(), 2);
-    EXPECT_EQ(manager->errorMessage(), std::nullopt);
+    ASSERT_TRUE(waitUntil([&] { return test::refresh(*manager) && manager->state().isConnected; }));
+    EXPECT_EQ(manager->state().devices.size(), 2);
+    EXPECT_EQ(manager->state().errorMessage, std::nullopt);
 }
 
 TEST_P(BadToolTest, CommandShowsItsOutputWhenThatTellsOfAnError) {
@@ -110,7 +110,7 @@ TEST_P(BadToolTest, CommandShowsItsOutputWhenThatTellsOfAnError) {
     manager->connect();
     ASSERT_TRUE(test::waitForRefresh(*manager));
     ASSERT_TRUE(test::refresh(*manager));
-    EXPECT_EQ(manager->errorMessage(), GetParam().message);
+    EXPECT_EQ(manager->state().errorMessage, GetParam().message);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, BadToolTest, testing::ValuesIn(badTools),
@@ -125,9 +125,9 @@ TEST(EventLoop, TurnsWhileTheToolHangs) {
     QObject::connect(&timer, &QTimer::timeout, &timer, [&] { ++turns; });
     timer.start(0ms);
     ASSERT_TRUE(waitUntil([&] { return !world.tool.calls().isEmpty() && turns >= 1000; }));
-    EXPECT_FALSE(manager->isConnected()) << "the tool still hangs";
+    EXPECT_FALSE(manager->state().isConnected) << "the tool still hangs";
     world.openGate();
-    EXPECT_TRUE(waitUntil([&] { return manager->isConnected(); }));
+    EXPECT_TRUE(waitUntil([&] { return manager->state().isConnected; }));
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "platform/service_addresses.h"
 #include "support/controller_world.h"
 #include "support/printing.h"
+#include "support/publishing.h"
 #include "support/waiting.h"
 
 #include <QElapsedTimer>
@@ -35,7 +36,7 @@ protected:
         const auto first = world_.tool.commands().size();
         bool hasRefreshed = false; // what is announced once the list was read is the refresh
         QObject context;
-        QObject::connect(&manager_->objectWillChange, &ObjectWillChange::announced, &context, [&] {
+        QObject::connect(&manager_->published(), &PublishedState::objectWillChange, &context, [&] {
             hasRefreshed = hasRefreshed || world_.tool.commands().mid(first).contains(listCommand);
         });
         command(*manager_);
@@ -79,8 +80,8 @@ TEST_F(ConnectionCommands, FailedLoginAfterWhichTheStatusIsConnectedLeavesNoMess
     world_.answer("login", "error: already logged in");
     world_.answer("status", ControllerWorld::connectedStatus());
     loginCommands(u"K"_s, u""_s);
-    EXPECT_TRUE(manager_->isConnected());
-    EXPECT_EQ(manager_->errorMessage(), std::nullopt);
+    EXPECT_TRUE(manager_->state().isConnected);
+    EXPECT_EQ(manager_->state().errorMessage, std::nullopt);
 }
 
 TEST_F(ConnectionCommands, DisconnectWhoseOutputTellsOfAnErrorLeavesTheMessage) {
@@ -88,17 +89,17 @@ TEST_F(ConnectionCommands, DisconnectWhoseOutputTellsOfAnErrorLeavesTheMessage) 
     world_.answer("status", "no daemon"); // a refresh that fails leaves the message alone, too
     EXPECT_EQ(commandsOf([](DaemonManager& manager) { manager.disconnect(); }),
               (Commands{{u"down"_s}, statusCommand, listCommand}));
-    EXPECT_EQ(manager_->errorMessage(), std::nullopt);
-    manager_->errorMessage.set(u"earlier"_s);
+    EXPECT_EQ(manager_->state().errorMessage, std::nullopt);
+    test::publishError(*manager_, u"earlier"_s);
     commandsOf([](DaemonManager& manager) { manager.disconnect(); });
-    EXPECT_EQ(manager_->errorMessage(), u"earlier"_s);
+    EXPECT_EQ(manager_->state().errorMessage, u"earlier"_s);
 }
 
 TEST_F(ConnectionCommands, RemovedProfileIsGoneBeforeTheRefreshReturns) {
     world_.storeDetails({{u"p1"_s, {u"1.1.1.1"_s, u"a"_s}}, {u"p2"_s, {u"2.2.2.2"_s, u"b"_s}}});
     manager_ = world_.createRefreshed();
-    manager_->errorMessage.set(u"earlier"_s);
-    ASSERT_EQ(manager_->profiles().size(), 2);
+    test::publishError(*manager_, u"earlier"_s);
+    ASSERT_EQ(manager_->state().profiles.size(), 2);
     const auto statusCount = [&] {
         return world_.tool.commands().count(statusCommand);
     };
@@ -106,9 +107,9 @@ TEST_F(ConnectionCommands, RemovedProfileIsGoneBeforeTheRefreshReturns) {
     world_.tool.setScript("[ \"$1\" != status ] || while [ -d \"$here\" ]; do sleep 0.01; done");
     manager_->removeProfile(u"p2"_s);
     ASSERT_TRUE(waitUntil([&] { return statusCount() > before; })) << "the refresh has begun";
-    ASSERT_EQ(manager_->profiles().size(), 1);
-    EXPECT_EQ(manager_->profiles()[0].id, u"p1"_s);
-    EXPECT_EQ(manager_->errorMessage(), std::nullopt);
+    ASSERT_EQ(manager_->state().profiles.size(), 1);
+    EXPECT_EQ(manager_->state().profiles[0].id, u"p1"_s);
+    EXPECT_EQ(manager_->state().errorMessage, std::nullopt);
     EXPECT_EQ(world_.storedDetails().keys(), QStringList{u"p1"_s});
     EXPECT_TRUE(world_.tool.commands().contains(
         QStringList{u"debug"_s, u"localapi"_s, u"DELETE"_s, u"/localapi/v0/profiles/p2"_s}));
@@ -118,7 +119,7 @@ TEST_F(ConnectionCommands, SwitchThatFailsBeforeAnUpThatSucceedsReportsNothing) 
     world_.answer("switch", "error: no such profile");
     EXPECT_EQ(commandsOf([](DaemonManager& manager) { manager.switchProfile(u"p9"_s); }),
               (Commands{{u"switch"_s, u"p9"_s}, {u"up"_s}, statusCommand, listCommand}));
-    EXPECT_EQ(manager_->errorMessage(), std::nullopt);
+    EXPECT_EQ(manager_->state().errorMessage, std::nullopt);
 }
 
 // The remaining case, which server a name chooses, is in login_server_test.cpp.
@@ -126,22 +127,23 @@ TEST_F(ConnectionCommands, SwitchThatFailsBeforeAnUpThatSucceedsReportsNothing) 
 TEST_F(ConnectionCommands, ConnectRunsUpAndShowsItsErrorUntilTheNextGoodRefresh) {
     EXPECT_EQ(commandsOf([](DaemonManager& manager) { manager.connect(); }),
               (Commands{{u"up"_s}, statusCommand, listCommand}));
-    EXPECT_EQ(manager_->errorMessage(), std::nullopt);
+    EXPECT_EQ(manager_->state().errorMessage, std::nullopt);
 
     world_.answer("up", "  Error: not logged in\n");
     world_.answer("status", "no daemon");
     commandsOf([](DaemonManager& manager) { manager.connect(); });
-    EXPECT_EQ(manager_->errorMessage(), u"  Error: not logged in\n"_s) << "as the tool printed it";
+    EXPECT_EQ(manager_->state().errorMessage, u"  Error: not logged in\n"_s)
+        << "as the tool printed it";
     world_.answer("status", ControllerWorld::stoppedStatus());
     ASSERT_TRUE(test::refresh(*manager_));
-    EXPECT_EQ(manager_->errorMessage(), std::nullopt);
+    EXPECT_EQ(manager_->state().errorMessage, std::nullopt);
 }
 
 TEST_F(ConnectionCommands, SwitchWhoseUpFailsShowsItsOutput) {
     world_.answer("up", "Response status: 500");
     world_.answer("status", "no daemon");
     commandsOf([](DaemonManager& manager) { manager.switchProfile(u"p2"_s); });
-    EXPECT_EQ(manager_->errorMessage(), u"Response status: 500"_s);
+    EXPECT_EQ(manager_->state().errorMessage, u"Response status: 500"_s);
 }
 
 TEST_F(ConnectionCommands, SwitchPausesBeforeUp) {
@@ -159,15 +161,16 @@ TEST_F(ConnectionCommands, LoginThatFailsShowsItsOutputAgainAfterTheRefresh) {
     world_.answer("login", "error: invalid key\n");
     QList<std::optional<QString>> messages;
     QObject context;
-    QObject::connect(&manager_->objectWillChange, &ObjectWillChange::announced, &context, [&] {
-        if (messages.isEmpty() || messages.last() != manager_->errorMessage())
-            messages.append(manager_->errorMessage());
+    QObject::connect(&manager_->published(), &PublishedState::objectWillChange, &context, [&] {
+        if (messages.isEmpty() || messages.last() != manager_->state().errorMessage)
+            messages.append(manager_->state().errorMessage);
     });
     std::optional<QString> atCompletion;
-    manager_->connectWithAuthKey(u"K"_s, u""_s, [&] { atCompletion = manager_->errorMessage(); });
+    manager_->connectWithAuthKey(u"K"_s, u""_s,
+                                 [&] { atCompletion = manager_->state().errorMessage; });
     ASSERT_TRUE(waitUntil([&] { return atCompletion.has_value(); }));
     EXPECT_EQ(atCompletion, u"error: invalid key\n"_s);
-    EXPECT_EQ(manager_->errorMessage(), u"error: invalid key\n"_s);
+    EXPECT_EQ(manager_->state().errorMessage, u"error: invalid key\n"_s);
     EXPECT_EQ(messages.value(1), u"error: invalid key\n"_s) << "shown before the refresh";
     EXPECT_TRUE(messages.contains(std::nullopt)) << "and cleared by it in between";
 }
@@ -175,8 +178,8 @@ TEST_F(ConnectionCommands, LoginThatFailsShowsItsOutputAgainAfterTheRefresh) {
 TEST_F(ConnectionCommands, LoginThatSucceedsButIsNotConnectedYetShowsNothing) {
     world_.answer("login", "Success.\n");
     loginCommands(u"K"_s, u""_s);
-    EXPECT_FALSE(manager_->isConnected());
-    EXPECT_EQ(manager_->errorMessage(), std::nullopt);
+    EXPECT_FALSE(manager_->state().isConnected);
+    EXPECT_EQ(manager_->state().errorMessage, std::nullopt);
 }
 
 TEST_F(ConnectionCommands, CleanedHostNameChoosesTheServer) {
@@ -188,13 +191,13 @@ TEST_F(ConnectionCommands, CleanedHostNameChoosesTheServer) {
 
 TEST_F(ConnectionCommands, FailedRemovalShowsItsOutputAndTouchesNothing) {
     world_.answer("debug", "Response status: 404 Not Found\n");
-    const auto before = manager_->profiles();
+    const auto before = manager_->state().profiles;
     const auto first = world_.tool.commands().size();
     manager_->removeProfile(u"p2"_s);
-    ASSERT_TRUE(waitUntil([&] { return manager_->errorMessage().has_value(); }));
-    EXPECT_EQ(manager_->errorMessage(), u"Response status: 404 Not Found\n"_s);
+    ASSERT_TRUE(waitUntil([&] { return manager_->state().errorMessage.has_value(); }));
+    EXPECT_EQ(manager_->state().errorMessage, u"Response status: 404 Not Found\n"_s);
     test::runEventLoopFor(50ms);
-    EXPECT_EQ(manager_->profiles(), before);
+    EXPECT_EQ(manager_->state().profiles, before);
     EXPECT_EQ(world_.tool.commands().size(), first + 1) << "no refresh follows";
 }
 
@@ -256,8 +259,8 @@ TEST_F(ConnectionCommands, LimitsAreThoseOfTheProbeTheLoginAndTheRest) {
     manager = world_.createRefreshed();
     world_.tool.setScript(hang("login"));
     manager->connectWithAuthKey(u"K"_s, u""_s);
-    EXPECT_TRUE(
-        waitUntil([&] { return manager->errorMessage() == u"error: connection timed out"_s; }));
+    EXPECT_TRUE(waitUntil(
+        [&] { return manager->state().errorMessage == u"error: connection timed out"_s; }));
     manager.reset();
 
     world_.timing.commandTimeout = 100ms;
@@ -265,8 +268,8 @@ TEST_F(ConnectionCommands, LimitsAreThoseOfTheProbeTheLoginAndTheRest) {
     world_.tool.setScript(hang("up"));
     manager = world_.create();
     manager->connect();
-    EXPECT_TRUE(
-        waitUntil([&] { return manager->errorMessage() == u"error: connection timed out"_s; }));
+    EXPECT_TRUE(waitUntil(
+        [&] { return manager->state().errorMessage == u"error: connection timed out"_s; }));
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "daemon/daemon_manager.h"
 #include "support/controller_world.h"
 #include "support/printing.h"
+#include "support/publishing.h"
 #include "support/shell.h"
 #include "support/waiting.h"
 
@@ -73,13 +74,13 @@ TEST_F(DaemonInstallation, IsThereWhenBothInstalledFilesAre) {
         QFile file(world_.platform.installDir + name);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     };
-    EXPECT_FALSE(world_.create()->daemonInstalled());
+    EXPECT_FALSE(world_.create()->state().daemonInstalled);
     make(u"/tarnwick-daemon"_s);
-    EXPECT_FALSE(world_.create()->daemonInstalled());
+    EXPECT_FALSE(world_.create()->state().daemonInstalled);
     make(u"/tarnwick"_s);
-    EXPECT_TRUE(world_.create()->daemonInstalled());
+    EXPECT_TRUE(world_.create()->state().daemonInstalled);
     QFile::remove(world_.platform.installDir + u"/tarnwick-daemon"_s);
-    EXPECT_FALSE(world_.create()->daemonInstalled());
+    EXPECT_FALSE(world_.create()->state().daemonInstalled);
 }
 
 TEST_F(DaemonInstallation, WithoutABundledJobFileOneIsGeneratedInTheStateDirectory) {
@@ -87,7 +88,8 @@ TEST_F(DaemonInstallation, WithoutABundledJobFileOneIsGeneratedInTheStateDirecto
     const auto manager = world_.createRefreshed();
     EXPECT_FALSE(install(*manager));
     const QString generated = world_.homeDir() + u"/.tarnwick/tarnwick-daemon.service"_s;
-    EXPECT_TRUE(manager->errorMessage().value_or(u""_s).contains(u"cp '"_s + generated + u"' '"_s));
+    EXPECT_TRUE(
+        manager->state().errorMessage.value_or(u""_s).contains(u"cp '"_s + generated + u"' '"_s));
     EXPECT_EQ(contentOf(generated), world_.platform.jobFileText.toUtf8());
     EXPECT_EQ(QDir(world_.homeDir() + u"/.tarnwick"_s).entryList(QDir::Files).size(), 1)
         << "it is written atomically and leaves nothing behind";
@@ -114,7 +116,8 @@ TEST_F(DaemonInstallation, BundledJobFileIsTakenByItsPathWithDots) {
     setStandIn("printf '%s' \"$1\"; exit 1");
     const auto manager = world_.createRefreshed();
     install(*manager);
-    EXPECT_TRUE(manager->errorMessage().value_or(u""_s).contains(u"cp '"_s + bundled + u"' '"_s));
+    EXPECT_TRUE(
+        manager->state().errorMessage.value_or(u""_s).contains(u"cp '"_s + bundled + u"' '"_s));
     EXPECT_FALSE(QFile::exists(inHome(u".tarnwick/tarnwick-daemon.service"_s)));
 }
 
@@ -136,9 +139,9 @@ TEST_F(DaemonInstallation, DoubleQuoteInAPathReachesTheShellAndASingleOneBreaksT
 
     const auto manager = moveBundleTo(u"it's"_s);
     EXPECT_FALSE(install(*manager));
-    EXPECT_FALSE(manager->errorMessage().value_or(u""_s).isEmpty());
-    EXPECT_NE(manager->errorMessage(), u"Installation cancelled"_s);
-    EXPECT_FALSE(manager->daemonInstalled());
+    EXPECT_FALSE(manager->state().errorMessage.value_or(u""_s).isEmpty());
+    EXPECT_NE(manager->state().errorMessage, u"Installation cancelled"_s);
+    EXPECT_FALSE(manager->state().daemonInstalled);
 }
 
 TEST_F(DaemonInstallation, InstalledCopiesAreTheSameFileAndTheFirstCopyFails) {
@@ -148,12 +151,12 @@ TEST_F(DaemonInstallation, InstalledCopiesAreTheSameFileAndTheFirstCopyFails) {
     QFile::copy(world_.tool.path(), directory + u"/tarnwick-daemon"_s);
     setStandIn(runTheLine);
     const auto manager = world_.create();
-    ASSERT_TRUE(manager->daemonInstalled());
+    ASSERT_TRUE(manager->state().daemonInstalled);
     EXPECT_FALSE(install(*manager));
     const QString daemon = directory + u"/tarnwick-daemon"_s;
-    EXPECT_TRUE(manager->errorMessage().value_or(u""_s).contains(u"are the same file"_s));
-    EXPECT_TRUE(manager->errorMessage().value_or(u""_s).contains(daemon));
-    EXPECT_TRUE(manager->daemonInstalled()) << "left unchanged";
+    EXPECT_TRUE(manager->state().errorMessage.value_or(u""_s).contains(u"are the same file"_s));
+    EXPECT_TRUE(manager->state().errorMessage.value_or(u""_s).contains(daemon));
+    EXPECT_TRUE(manager->state().daemonInstalled) << "left unchanged";
     EXPECT_FALSE(QFile::exists(world_.platform.installedJobFile)) << "the chain has stopped";
 }
 
@@ -161,11 +164,11 @@ TEST_F(DaemonInstallation, CancelledPromptWithoutOutputGivesExactlyInstallationC
     const auto manager = world_.createRefreshed();
     for (const char* script :
          {"exit 126", "exit 127", "exit 1", "kill -KILL $$", "printf '\\377'; exit 126"}) {
-        manager->errorMessage.set(std::nullopt);
+        test::publishError(*manager, std::nullopt);
         setStandIn(script);
         EXPECT_FALSE(install(*manager));
-        EXPECT_EQ(manager->errorMessage(), u"Installation cancelled"_s) << script;
-        EXPECT_FALSE(manager->daemonInstalled());
+        EXPECT_EQ(manager->state().errorMessage, u"Installation cancelled"_s) << script;
+        EXPECT_FALSE(manager->state().daemonInstalled);
     }
 }
 
@@ -173,13 +176,13 @@ TEST_F(DaemonInstallation, ForcedRefreshFollowsSuccessAfterAPauseAndNotAtOnce) {
     world_.timing.refreshAfterInstall = 300ms;
     setStandIn("echo done");
     const auto manager = world_.createRefreshed();
-    manager->errorMessage.set(u"earlier"_s);
+    test::publishError(*manager, u"earlier"_s);
     const auto before = world_.tool.commands().size();
     QElapsedTimer time;
     time.start();
     EXPECT_TRUE(install(*manager));
-    EXPECT_TRUE(manager->daemonInstalled());
-    EXPECT_EQ(manager->errorMessage(), std::nullopt);
+    EXPECT_TRUE(manager->state().daemonInstalled);
+    EXPECT_EQ(manager->state().errorMessage, std::nullopt);
     EXPECT_EQ(world_.tool.commands().size(), before);
     ASSERT_TRUE(waitUntil([&] { return world_.tool.commands().size() == before + 2; }));
     EXPECT_GE(time.elapsed(), 300);
@@ -194,7 +197,7 @@ TEST_F(DaemonInstallation, OutputOfARefusalIsShownAsItStands) {
     for (const char* status : {"126", "127"}) {
         setStandIn(QByteArray("echo ' Not authorized'; echo agent >&2; exit ") + status);
         EXPECT_FALSE(install(*manager));
-        EXPECT_EQ(manager->errorMessage(), u" Not authorized\nagent\n"_s);
+        EXPECT_EQ(manager->state().errorMessage, u" Not authorized\nagent\n"_s);
     }
 }
 
@@ -204,7 +207,7 @@ TEST_F(DaemonInstallation, ProgramThatIsMissingIsAFailureToInstall) {
     world_.platform.authorise = missingStandIn;
     const auto manager = world_.createRefreshed();
     EXPECT_FALSE(install(*manager));
-    EXPECT_EQ(manager->errorMessage(), u"Failed to install: No such file or directory"_s);
+    EXPECT_EQ(manager->state().errorMessage, u"Failed to install: No such file or directory"_s);
 }
 
 TEST_F(DaemonInstallation, SuccessPutsTheFilesInPlaceAndKeepsTheRunningTool) {
@@ -227,8 +230,8 @@ TEST_F(DaemonInstallation, UnwritableStateDirectoryMakesTheCopyOfTheJobFileFail)
     setStandIn(runTheLine);
     const auto manager = world_.createRefreshed();
     EXPECT_FALSE(install(*manager));
-    EXPECT_TRUE(
-        manager->errorMessage().value_or(u""_s).contains(u".tarnwick/tarnwick-daemon.service"_s));
+    EXPECT_TRUE(manager->state().errorMessage.value_or(u""_s).contains(
+        u".tarnwick/tarnwick-daemon.service"_s));
 }
 
 class OpenPrompt : public DaemonInstallation {

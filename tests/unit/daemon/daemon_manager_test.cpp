@@ -39,18 +39,18 @@ protected:
 TEST_F(DaemonManagerTest, LoneInstalledDaemonIsNotUsedAndCountsAsNotInstalled) {
     makeInstalled(u"tarnwick-daemon"_s);
     const auto manager = world_.createRefreshed();
-    EXPECT_FALSE(manager->daemonInstalled());
+    EXPECT_FALSE(manager->state().daemonInstalled);
     EXPECT_FALSE(world_.tool.calls().isEmpty()) << "the bundled tool is the one that runs";
 }
 
 TEST_F(DaemonManagerTest, RefreshIsUnderWayAndTheLabelReadsStoppedRightAfterConstruction) {
     world_.closeGate();
     const auto manager = world_.create();
-    EXPECT_EQ(manager->statusLabel(), u"Stopped"_s);
+    EXPECT_EQ(manager->state().statusLabel(), u"Stopped"_s);
     EXPECT_EQ(manager->state(), DaemonState());
-    EXPECT_EQ(manager->headerColor(), HeaderColor::Secondary);
+    EXPECT_EQ(manager->state().headerColor(), HeaderColor::Secondary);
     EXPECT_TRUE(waitUntil([&] { return statusCount() == 1; })) << "though nobody has asked for it";
-    EXPECT_EQ(manager->statusLabel(), u"Stopped"_s);
+    EXPECT_EQ(manager->state().statusLabel(), u"Stopped"_s);
 }
 
 TEST_F(DaemonManagerTest, StartRunsOneStatusAndOneListAndNothingElse) {
@@ -102,9 +102,9 @@ TEST_F(DaemonManagerTest, PathsStayThoughAnInstallationAppears) {
     const auto before = statusCount();
     ASSERT_TRUE(test::refresh(*manager));
     EXPECT_EQ(statusCount(), before + 1) << "still the bundled tool";
-    EXPECT_FALSE(manager->daemonInstalled());
+    EXPECT_FALSE(manager->state().daemonInstalled);
     manager->checkDaemonInstalled();
-    EXPECT_TRUE(manager->daemonInstalled());
+    EXPECT_TRUE(manager->state().daemonInstalled);
 }
 
 TEST_F(DaemonManagerTest, FieldsAnnounceBeforeTheyChange) {
@@ -112,7 +112,7 @@ TEST_F(DaemonManagerTest, FieldsAnnounceBeforeTheyChange) {
     const auto manager = world_.create();
     QList<DaemonState> seen;
     QObject context;
-    QObject::connect(&manager->objectWillChange, &ObjectWillChange::announced, &context,
+    QObject::connect(&manager->published(), &PublishedState::objectWillChange, &context,
                      [&] { seen.append(manager->state()); });
     world_.openGate();
     ASSERT_TRUE(waitUntil([&] { return !seen.isEmpty(); }));
@@ -120,7 +120,7 @@ TEST_F(DaemonManagerTest, FieldsAnnounceBeforeTheyChange) {
     const DaemonState& last = seen.last();
     EXPECT_TRUE(last.isConnected) << "the devices come last";
     EXPECT_TRUE(last.devices.isEmpty());
-    EXPECT_EQ(manager->devices().size(), 2);
+    EXPECT_EQ(manager->state().devices.size(), 2);
 }
 
 TEST_F(DaemonManagerTest, DestructionWithWorkInFlightIsQuickAndCallsNobody) {

@@ -119,7 +119,7 @@ TEST_F(EnsureDaemonRunning, WhatTheNudgePrintsIsNeverShown) {
     bool isDone = false;
     manager->connectWithAuthKey(u"K"_s, u""_s, [&] { isDone = true; });
     ASSERT_TRUE(waitUntil([&] { return isDone; }));
-    EXPECT_EQ(manager->errorMessage(), std::nullopt);
+    EXPECT_EQ(manager->state().errorMessage, std::nullopt);
 }
 
 } // namespace

@@ -100,8 +100,8 @@ protected:
 
 TEST_P(InstallLineForReal, PutsTheFilesInPlaceWithTheRightModesAndLoadsTheJobLast) {
     const auto manager = DaemonManager::create(std::move(options_));
-    ASSERT_TRUE(install(*manager)) << manager->errorMessage().value_or(u""_s).toStdString();
-    EXPECT_TRUE(manager->daemonInstalled());
+    ASSERT_TRUE(install(*manager)) << manager->state().errorMessage.value_or(u""_s).toStdString();
+    EXPECT_TRUE(manager->state().daemonInstalled);
     EXPECT_EQ(root_.commands(), steps());
 
     QFile tool(world_.tool.path());
@@ -129,8 +129,8 @@ TEST_P(InstallLineForReal, EachStepThatFailsStopsTheRestAndIsTheMessage) {
         const auto before = root_.commands().size();
         EXPECT_FALSE(install(*manager));
         EXPECT_EQ(root_.commands().mid(before), all.mid(0, i + 1));
-        EXPECT_EQ(manager->errorMessage(), u"refused: "_s + all[i] + u'\n');
-        EXPECT_FALSE(manager->daemonInstalled());
+        EXPECT_EQ(manager->state().errorMessage, u"refused: "_s + all[i] + u'\n');
+        EXPECT_FALSE(manager->state().daemonInstalled);
     }
 }
 
@@ -138,7 +138,7 @@ TEST_P(InstallLineForReal, BundledFileThatIsGoneIsReportedByTheRealCopy) {
     const auto manager = DaemonManager::create(std::move(options_));
     ASSERT_TRUE(QFile::remove(bundled_.daemonPath));
     EXPECT_FALSE(install(*manager));
-    EXPECT_TRUE(manager->errorMessage().value_or(u""_s).contains(bundled_.daemonPath));
+    EXPECT_TRUE(manager->state().errorMessage.value_or(u""_s).contains(bundled_.daemonPath));
     EXPECT_EQ(root_.commands().size(), 2);
 }
 

@@ -45,10 +45,10 @@ TEST(LargeNetwork, ThousandDevicesWithFullRecordsAreShownSorted) {
     test::ControllerWorld world;
     world.answer("status", status);
     const auto manager = world.createRefreshed();
-    EXPECT_TRUE(manager->isConnected());
-    ASSERT_EQ(manager->devices().size(), deviceCount);
+    EXPECT_TRUE(manager->state().isConnected);
+    ASSERT_EQ(manager->state().devices.size(), deviceCount);
     for (int i = 0; i < deviceCount; ++i)
-        ASSERT_EQ(manager->devices()[i].hostName, u"device-%1"_s.arg(1000 + i));
+        ASSERT_EQ(manager->state().devices[i].hostName, u"device-%1"_s.arg(1000 + i));
 }
 
 } // namespace

@@ -43,7 +43,7 @@ TEST_F(ProfileDetails, WithoutACurrentProfileThePendingOneIsRememberedAndNoLonge
     ASSERT_TRUE(test::waitForRefresh(*manager));
     EXPECT_EQ(world_.storedDetails(),
               (ProfileDetailsMap{{u"p2"_s, {u"100.64.0.2"_s, u"laptop"_s}}}));
-    EXPECT_EQ(manager->profiles()[1].hostname, u"laptop"_s) << "shown at once";
+    EXPECT_EQ(manager->state().profiles[1].hostname, u"laptop"_s) << "shown at once";
 
     world_.storeDetails({});
     ASSERT_TRUE(test::refresh(*manager));
@@ -55,9 +55,9 @@ TEST_F(ProfileDetails, EmptyAddressAndHostNameLeaveTheStoreUntouched) {
     world_.storeDetails(before);
     world_.answer("status", R"({"BackendState":"Running","Self":{"Online":true}})");
     const auto manager = world_.createRefreshed();
-    ASSERT_TRUE(manager->isConnected());
+    ASSERT_TRUE(manager->state().isConnected);
     EXPECT_EQ(world_.storedDetails(), before);
-    EXPECT_EQ(manager->profiles()[0].ipAddress, u"1.2.3.4"_s);
+    EXPECT_EQ(manager->state().profiles[0].ipAddress, u"1.2.3.4"_s);
 }
 
 TEST_F(ProfileDetails, CurrentProfileComesBeforeThePendingOneWhichStaysPending) {
@@ -82,16 +82,16 @@ TEST_F(ProfileDetails, ProfilesThatAreGoneAreForgottenAndOthersEnriched) {
     world_.answer("status", ControllerWorld::stoppedStatus());
     const auto manager = world_.createRefreshed();
     EXPECT_EQ(world_.storedDetails().keys(), QStringList{u"p2"_s});
-    EXPECT_EQ(manager->profiles()[0].ipAddress, u""_s);
-    EXPECT_EQ(manager->profiles()[1].ipAddress, u"9.9.9.9"_s);
-    EXPECT_EQ(manager->profiles()[1].hostname, u"old"_s);
+    EXPECT_EQ(manager->state().profiles[0].ipAddress, u""_s);
+    EXPECT_EQ(manager->state().profiles[1].ipAddress, u"9.9.9.9"_s);
+    EXPECT_EQ(manager->state().profiles[1].hostname, u"old"_s);
 }
 
 TEST_F(ProfileDetails, OutliveTheController) {
     world_.createRefreshed().reset();
     world_.answer("status", ControllerWorld::stoppedStatus());
     const auto manager = world_.createRefreshed();
-    EXPECT_EQ(manager->profiles()[0].ipAddress, u"100.64.0.2"_s);
+    EXPECT_EQ(manager->state().profiles[0].ipAddress, u"100.64.0.2"_s);
 }
 
 TEST_F(ProfileDetails, PollBehindASwitchLeavesThoseOfTheOldNetworkAlone) {
@@ -100,7 +100,7 @@ TEST_F(ProfileDetails, PollBehindASwitchLeavesThoseOfTheOldNetworkAlone) {
     world_.answer("list", listWithSecondCurrent);
     manager->switchProfile(u"p2"_s);
     manager->refreshStatus(); // queued behind it, and does not read the list
-    ASSERT_TRUE(test::waitUntil([&] { return manager->profiles()[1].isCurrent; }));
+    ASSERT_TRUE(test::waitUntil([&] { return manager->state().profiles[1].isCurrent; }));
     EXPECT_EQ(world_.storedDetails(), (ProfileDetailsMap{{u"p1"_s, {u"100.64.0.2"_s, u"laptop"_s}},
                                                          {u"p2"_s, {u""_s, u"other"_s}}}));
 }
@@ -111,7 +111,7 @@ TEST_F(ProfileDetails, PollBehindALogInLeavesThoseOfTheOldNetworkAlone) {
     world_.answer("list", listWithSecondCurrent);
     manager->connectWithAuthKey(u"key"_s, {});
     manager->refreshStatus();
-    ASSERT_TRUE(test::waitUntil([&] { return manager->profiles()[1].isCurrent; }));
+    ASSERT_TRUE(test::waitUntil([&] { return manager->state().profiles[1].isCurrent; }));
     EXPECT_EQ(world_.storedDetails(), (ProfileDetailsMap{{u"p1"_s, {u"100.64.0.2"_s, u"laptop"_s}},
                                                          {u"p2"_s, {u""_s, u"other"_s}}}));
 }

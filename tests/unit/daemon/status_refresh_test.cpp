@@ -2,6 +2,7 @@
 #include "daemon/daemon_manager.h"
 #include "support/controller_world.h"
 #include "support/printing.h"
+#include "support/publishing.h"
 #include "support/waiting.h"
 
 #include <QThread>
@@ -78,45 +79,45 @@ TEST_F(StatusRefresh, EveryRefreshRereadsAnEmptyProfileList) {
 
 TEST_F(StatusRefresh, TimedOutStatusYieldsStoppedAndLeavesTheMessage) {
     const auto manager = world_.createRefreshed();
-    ASSERT_TRUE(manager->isConnected());
-    manager->errorMessage.set(u"earlier"_s);
+    ASSERT_TRUE(manager->state().isConnected);
+    test::publishError(*manager, u"earlier"_s);
     world_.answer("status", "error: connection timed out");
     ASSERT_TRUE(test::refresh(*manager));
     DaemonState expected;
-    expected.profiles = manager->profiles();
+    expected.profiles = manager->state().profiles;
     expected.errorMessage = u"earlier"_s;
     EXPECT_EQ(manager->state(), expected);
-    EXPECT_EQ(manager->statusLabel(), u"Stopped"_s);
+    EXPECT_EQ(manager->state().statusLabel(), u"Stopped"_s);
 }
 
 TEST_F(StatusRefresh, SuccessfulRefreshClearsTheMessage) {
     const auto manager = world_.createRefreshed();
-    manager->errorMessage.set(u"earlier"_s);
+    test::publishError(*manager, u"earlier"_s);
     ASSERT_TRUE(test::refresh(*manager));
-    EXPECT_EQ(manager->errorMessage(), std::nullopt);
+    EXPECT_EQ(manager->state().errorMessage, std::nullopt);
 }
 
 TEST_F(StatusRefresh, RunningWithAnOfflineSelfRemembersNothing) {
     world_.answer("status", R"({"BackendState":"Running","Self":{"HostName":"laptop",
         "Online":false,"TailscaleIPs":["100.64.0.2"]}})");
     const auto manager = world_.createRefreshed();
-    EXPECT_FALSE(manager->isConnected());
-    EXPECT_EQ(manager->ipAddress(), u"100.64.0.2"_s);
+    EXPECT_FALSE(manager->state().isConnected);
+    EXPECT_EQ(manager->state().ipAddress, u"100.64.0.2"_s);
     EXPECT_TRUE(world_.storedDetails().isEmpty());
 }
 
 TEST_F(StatusRefresh, SuccessPublishesEveryField) {
     const auto manager = world_.createRefreshed();
-    EXPECT_TRUE(manager->isConnected());
-    EXPECT_EQ(manager->backendState(), u"Running"_s);
-    EXPECT_EQ(manager->statusLabel(), u"Connected"_s);
-    EXPECT_EQ(manager->headerColor(), HeaderColor::Green);
-    EXPECT_EQ(manager->ipAddress(), u"100.64.0.2"_s);
-    EXPECT_EQ(manager->hostname(), u"laptop"_s);
-    ASSERT_EQ(manager->devices().size(), 2);
-    EXPECT_EQ(manager->devices()[0].nodeKey, u"k1"_s);
-    EXPECT_EQ(manager->devices()[1].hostName, u"beta"_s);
-    EXPECT_EQ(manager->profiles(),
+    EXPECT_TRUE(manager->state().isConnected);
+    EXPECT_EQ(manager->state().backendState, u"Running"_s);
+    EXPECT_EQ(manager->state().statusLabel(), u"Connected"_s);
+    EXPECT_EQ(manager->state().headerColor(), HeaderColor::Green);
+    EXPECT_EQ(manager->state().ipAddress, u"100.64.0.2"_s);
+    EXPECT_EQ(manager->state().hostname, u"laptop"_s);
+    ASSERT_EQ(manager->state().devices.size(), 2);
+    EXPECT_EQ(manager->state().devices[0].nodeKey, u"k1"_s);
+    EXPECT_EQ(manager->state().devices[1].hostName, u"beta"_s);
+    EXPECT_EQ(manager->state().profiles,
               (QList<NetworkProfile>{
                   {u"p1"_s, u"harbor"_s, u"mira"_s, true, u"100.64.0.2"_s, u"laptop"_s},
                   {u"p2"_s, u"kite"_s, u"mira l"_s, false, {}, {}}}));
@@ -126,9 +127,9 @@ TEST_F(StatusRefresh, ForcedCallRereadsAFreshList) {
     const auto manager = world_.createRefreshed();
     world_.answer("list", "header\np9 net someone\n");
     ASSERT_TRUE(test::refresh(*manager));
-    EXPECT_EQ(manager->profiles().size(), 2);
+    EXPECT_EQ(manager->state().profiles.size(), 2);
     ASSERT_TRUE(test::refresh(*manager, true));
-    EXPECT_EQ(manager->profiles(),
+    EXPECT_EQ(manager->state().profiles,
               (QList<NetworkProfile>{{u"p9"_s, u"net"_s, u"someone"_s, false, {}, {}}}));
 }
 
@@ -144,8 +145,8 @@ TEST_F(StatusRefresh, FailedProfileCommandReplacesTheListByWhatItsOutputYields) 
     const auto manager = world_.createRefreshed();
     world_.answer("list", "error: no daemon");
     ASSERT_TRUE(test::refresh(*manager, true));
-    EXPECT_TRUE(manager->profiles().isEmpty());
-    EXPECT_TRUE(manager->isConnected());
+    EXPECT_TRUE(manager->state().profiles.isEmpty());
+    EXPECT_TRUE(manager->state().isConnected);
 }
 
 TEST_F(StatusRefresh, MayBeCalledFromAnyThreadAndCompletesOnTheMainThread) {

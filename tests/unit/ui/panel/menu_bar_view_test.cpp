@@ -148,7 +148,7 @@ TEST_F(MenuBarViewTest, ManyChangesInOneTurnRenderOnce) {
     open(stoppedState());
     const int before = panel->renderCount();
     for (int i = 0; i < 10; ++i)
-        daemon->errorMessage.set(QString::number(i));
+        test::publishError(*daemon, QString::number(i));
     test::publish(*daemon, full());
     settle();
     EXPECT_EQ(panel->renderCount(), before + 1);

@@ -2,6 +2,7 @@
 #include "auth_key_form.h"
 #include "support/held_key.h"
 #include "support/printing.h"
+#include "support/publishing.h"
 #include "ui/controls/scrolling_text.h"
 #include "ui/windows/auth_key_view.h"
 
@@ -135,12 +136,12 @@ TEST_F(AuthKeyForm, ButtonReadsConnectingUntilTheLoginHasFinished) {
 
 TEST_F(AuthKeyForm, PressRemovesTheOldErrorAtOnce) {
     open();
-    daemon->errorMessage.set(u"old"_s);
+    test::publishError(*daemon, u"old"_s);
     auto* error = dialog()->findChild<ScrollingText*>();
     ASSERT_TRUE(waitUntil([error] { return error->isVisible(); }));
     world.closeGate();
     pressConnect(u"twkey-1"_s);
-    EXPECT_FALSE(daemon->errorMessage().has_value());
+    EXPECT_FALSE(daemon->state().errorMessage.has_value());
     EXPECT_TRUE(waitUntil([error] { return !error->isVisible(); }));
     EXPECT_EQ(connectButton()->text(), u"Connecting..."_s); // not for the log-in's end
 }
@@ -226,7 +227,7 @@ TEST_F(AuthKeyForm, LongErrorsLeaveTheButtonsInsideTheWindow) {
     auto* error = dialog()->findChild<ScrollingText*>();
     for (const QString& text :
          {QString(10'000, u'x'), u"some words "_s.repeated(900), u"a line\n"_s.repeated(1000)}) {
-        daemon->errorMessage.set(text);
+        test::publishError(*daemon, text);
         ASSERT_TRUE(waitUntil([&] { return error->isVisible() && error->text() == text; }));
         runEventLoopFor(1ms);
         EXPECT_EQ(dialog()->size(), AuthKeyView::formSize);

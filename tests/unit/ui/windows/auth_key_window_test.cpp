@@ -129,7 +129,7 @@ TEST_F(AuthKeyForm, RefreshesThatOutliveTheWindowsOwnerAreHarmless) {
     ASSERT_TRUE(waitUntil([this] { return statusCallsAfterLogin() >= 2; }));
     brief.reset();
     world.answer("status", ControllerWorld::connectedStatus());
-    EXPECT_TRUE(waitUntil([this] { return daemon->isConnected(); }));
+    EXPECT_TRUE(waitUntil([this] { return daemon->state().isConnected; }));
     runEventLoopFor(50ms);
     EXPECT_TRUE(isOpen()); // the window of another owner
 }
