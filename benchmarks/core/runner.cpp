@@ -22,8 +22,8 @@ void runTool(benchmark::State& state) {
     timing.pollStep = std::chrono::milliseconds(0);
     const tarnwick::DaemonPaths paths{QStringLiteral("/tmp"), QStringLiteral("/tmp")};
     const tarnwick::CommandRunner runner(QLatin1StringView(tool), paths, timing, {});
-    if (const QString output = runner.runCLI({}); !output.isEmpty()) // the tool says nothing
-        state.SkipWithError(qPrintable(output));
+    if (const QByteArray output = runner.runCLI({}); !output.isEmpty()) // the tool says nothing
+        state.SkipWithError(output.constData());
     for ([[maybe_unused]] auto _ : state) {
         const double before = cpuSecondsWithChildren();
         auto output = runner.runCLI({QStringLiteral("status"), QStringLiteral("--json")});

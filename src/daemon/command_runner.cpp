@@ -10,9 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString timedOutText() {
-    return u"error: connection timed out"_s;
-}
+constexpr QByteArrayView timedOut = "error: connection timed out";
 
 } // namespace
 
@@ -22,16 +20,16 @@ CommandRunner::CommandRunner(QString cliPath, DaemonPaths paths, Timing timing,
       cancellation_(std::move(cancellation)), environment_(std::move(environment)),
       toolEnvironment_(environment_.with("BROWSER", "echo")) {}
 
-QString CommandRunner::runCLIWithTimeout(const QStringList& arguments,
-                                         Timing::Milliseconds timeout) const {
+QByteArray CommandRunner::runCLIWithTimeout(const QStringList& arguments,
+                                            Timing::Milliseconds timeout) const {
     reaper_->reap();
     if (cancellation_.isCancelled()) // a second step of a command whose first was cut short
-        return timedOutText();
+        return timedOut.toByteArray();
     const QString socketFlag = u"--socket="_s + paths_.socketPath();
     auto child =
         ChildProcess::start({cliPath_, QStringList(socketFlag) + arguments}, toolEnvironment_);
     if (!child.isStarted())
-        return u"error: "_s + qt_error_string(child.startError());
+        return "error: " + qt_error_string(child.startError()).toUtf8();
 
     // The output stays in the pipe until the tool has ended: one that prints more than the pipe
     // holds is stuck in a loop and is treated as one that hangs.
@@ -39,12 +37,13 @@ QString CommandRunner::runCLIWithTimeout(const QStringList& arguments,
     const bool hasEnded = waitForEnd(child, deadline);
     reaper_->reap(); // those that took this run's time to end
     if (!hasEnded)
-        return timedOutText();
+        return timedOut.toByteArray();
     deadline += timing_.pollStep.count();
-    return textFromUtf8(child.readOutput(deadline, cancellation_));
+    const QByteArray output = child.readOutput(deadline, cancellation_);
+    return output.isValidUtf8() ? output : QByteArray();
 }
 
-QString CommandRunner::runCLI(const QStringList& arguments) const {
+QByteArray CommandRunner::runCLI(const QStringList& arguments) const {
     return runCLIWithTimeout(arguments, timing_.commandTimeout);
 }
 
@@ -71,9 +70,9 @@ bool CommandRunner::waitForEnd(ChildProcess& child, QDeadlineTimer deadline) con
     return false;
 }
 
-bool hasCommandError(const QString& output) {
-    return output.contains("error"_L1, Qt::CaseInsensitive) ||
-           output.contains("Response status"_L1);
+bool hasCommandError(const QByteArray& output) {
+    // ASCII's lower case will do: no other letter has one of "error" as its lower case.
+    return output.toLower().contains("error") || output.contains("Response status");
 }
 
 QString textFromUtf8(const QByteArray& bytes) {

@@ -7,6 +7,7 @@
 #include "platform/child_process.h"
 #include "platform/environment.h"
 
+#include <QByteArray>
 #include <QDeadlineTimer>
 #include <QString>
 #include <QStringList>
@@ -27,12 +28,12 @@ public:
                   Environment environment = Environment::ofThisProcess());
 
     /// Runs the tool with "--socket=…" and then `arguments`. Returns its standard output and error
-    /// as they came, "" when they are not UTF-8; "error: connection timed out" when it still ran
-    /// at the limit; "error: " and the system's reason when it could not be started.
-    QString runCLIWithTimeout(const QStringList& arguments, Timing::Milliseconds timeout) const;
+    /// as they came in UTF-8, "" when they are anything else; "error: connection timed out" when it
+    /// still ran at the limit; "error: " and the system's reason when it could not be started.
+    QByteArray runCLIWithTimeout(const QStringList& arguments, Timing::Milliseconds timeout) const;
 
     /// The same with the usual time limit.
-    QString runCLI(const QStringList& arguments) const;
+    QByteArray runCLI(const QStringList& arguments) const;
 
     /// Runs another program for its effect alone: its output, and whether it starts, do not matter.
     void runSilently(const CommandLine& command, Timing::Milliseconds timeout) const;
@@ -55,7 +56,7 @@ private:
 };
 
 /// Whether the tool's output tells of a failure. Empty output does not.
-bool hasCommandError(const QString& output);
+bool hasCommandError(const QByteArray& output);
 
 /// `bytes` as text, or "" when they are not valid UTF-8.
 QString textFromUtf8(const QByteArray& bytes);

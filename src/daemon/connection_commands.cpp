@@ -12,10 +12,10 @@ using namespace Qt::StringLiterals;
 // goes back there even when the controller is gone: what a view's callback holds, only the main
 // thread may destroy.
 void DaemonManager::perform(ToolWork work,
-                            std::function<void(DaemonManager&, const QString&)> handle) {
+                            std::function<void(DaemonManager&, const QByteArray&)> handle) {
     workQueue_.async([weak = weak_from_this(), runner = runner_, work = std::move(work),
                       handle = std::move(handle)]() mutable {
-        const QString output = weak.expired() ? QString() : work(runner);
+        const QByteArray output = weak.expired() ? QByteArray() : work(runner);
         postToMainQueue([weak, handle = std::move(handle), output] {
             if (const auto self = weak.lock())
                 handle(*self, output);
@@ -25,12 +25,12 @@ void DaemonManager::perform(ToolWork work,
 
 void DaemonManager::connect() {
     perform([](const CommandRunner& runner) { return runner.runCLI({u"up"_s}); },
-            [](DaemonManager& self, const QString& output) { self.finishConnecting(output); });
+            [](DaemonManager& self, const QByteArray& output) { self.finishConnecting(output); });
 }
 
 void DaemonManager::disconnect() {
     perform([](const CommandRunner& runner) { return runner.runCLI({u"down"_s}); },
-            [](DaemonManager& self, const QString&) { self.refreshStatus(true); });
+            [](DaemonManager& self, const QByteArray&) { self.refreshStatus(true); });
 }
 
 void DaemonManager::switchProfile(const QString& id) {
@@ -42,12 +42,12 @@ void DaemonManager::switchProfile(const QString& id) {
             runner.pause(runner.timing().switchPause);
             return runner.runCLI({u"up"_s});
         },
-        [](DaemonManager& self, const QString& output) { self.finishConnecting(output); });
+        [](DaemonManager& self, const QByteArray& output) { self.finishConnecting(output); });
 }
 
-void DaemonManager::finishConnecting(const QString& output) {
+void DaemonManager::finishConnecting(const QByteArray& output) {
     if (hasCommandError(output))
-        published_.set(&DaemonState::errorMessage, output);
+        published_.set(&DaemonState::errorMessage, textFromUtf8(output));
     refreshStatus(true);
 }
 
@@ -64,9 +64,9 @@ void DaemonManager::connectWithAuthKey(const QString& authKey, const QString& de
                 arguments << u"--hostname"_s << cleaned;
             return runner.runCLIWithTimeout(arguments, runner.timing().loginTimeout);
         },
-        [completion = std::move(completion)](DaemonManager& self, const QString& output) {
+        [completion = std::move(completion)](DaemonManager& self, const QByteArray& output) {
             if (hasCommandError(output))
-                self.published_.set(&DaemonState::errorMessage, output);
+                self.published_.set(&DaemonState::errorMessage, textFromUtf8(output));
             self.refreshStatus(true, [weak = self.weak_from_this(), output, completion] {
                 if (const auto manager = weak.lock())
                     manager->finishLogin(output, completion);
@@ -76,11 +76,11 @@ void DaemonManager::connectWithAuthKey(const QString& authKey, const QString& de
 
 // The refresh before this has cleared the message if the daemon answers at all: a refused log-in
 // has to be shown again, unless the machine is connected all the same.
-void DaemonManager::finishLogin(const QString& output, const Completion& completion) {
+void DaemonManager::finishLogin(const QByteArray& output, const Completion& completion) {
     if (state().isConnected)
         published_.set(&DaemonState::errorMessage, std::nullopt);
     else if (hasCommandError(output))
-        published_.set(&DaemonState::errorMessage, output);
+        published_.set(&DaemonState::errorMessage, textFromUtf8(output));
     if (completion)
         completion();
 }
@@ -91,13 +91,14 @@ void DaemonManager::removeProfile(const QString& id) {
             return runner.runCLI(
                 {u"debug"_s, u"localapi"_s, u"DELETE"_s, u"/localapi/v0/profiles/"_s + id});
         },
-        [id](DaemonManager& self, const QString& output) { self.finishRemoval(id, output); });
+        [id](DaemonManager& self, const QByteArray& output) { self.finishRemoval(id, output); });
 }
 
-void DaemonManager::finishRemoval(const QString& id, const QString& output) {
+void DaemonManager::finishRemoval(const QString& id, const QByteArray& output) {
     if (hasCommandError(output)) {
-        published_.set(&DaemonState::errorMessage,
-                       output.isEmpty() ? u"Failed to remove profile "_s + id : output);
+        published_.set(&DaemonState::errorMessage, output.isEmpty()
+                                                       ? u"Failed to remove profile "_s + id
+                                                       : textFromUtf8(output));
         return;
     }
     ProfileDetailsMap remembered = details_.load();

@@ -83,7 +83,7 @@ void DaemonManager::finishInstallation(const InstallOutcome& outcome) {
 // Runs on the work queue, before a log-in. A healthy daemon whose status mentions an error, in a
 // peer's name for instance, is nudged as well; that costs a pause and does no harm.
 void DaemonManager::ensureDaemonRunning(const CommandRunner& runner, const CommandLine& nudge) {
-    const QString output =
+    const QByteArray output =
         runner.runCLIWithTimeout({u"status"_s, u"--json"_s}, runner.timing().probeTimeout);
     if (!output.isEmpty() && !hasCommandError(output))
         return;

@@ -109,11 +109,11 @@ private:
     void publishStatus(const StatusResponse& status, const QList<DeviceInfo>& sortedDevices);
 
     // connection_commands.cpp
-    using ToolWork = std::function<QString(const CommandRunner&)>;
-    void perform(ToolWork work, std::function<void(DaemonManager&, const QString&)> handle);
-    void finishConnecting(const QString& output);
-    void finishLogin(const QString& output, const Completion& completion);
-    void finishRemoval(const QString& id, const QString& output);
+    using ToolWork = std::function<QByteArray(const CommandRunner&)>;
+    void perform(ToolWork work, std::function<void(DaemonManager&, const QByteArray&)> handle);
+    void finishConnecting(const QByteArray& output);
+    void finishLogin(const QByteArray& output, const Completion& completion);
+    void finishRemoval(const QString& id, const QByteArray& output);
 
     // profile_details.cpp
     QList<NetworkProfile> enrichProfiles(QList<NetworkProfile> list) const;

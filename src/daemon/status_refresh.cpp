@@ -35,11 +35,11 @@ void DaemonManager::beginRefresh(bool forceProfiles, Completion completion) {
 DaemonManager::RefreshResult DaemonManager::readStatus(const CommandRunner& runner,
                                                        bool readProfiles) {
     RefreshResult result;
-    result.status = StatusResponse::decode(runner.runCLI({u"status"_s, u"--json"_s}).toUtf8());
+    result.status = StatusResponse::decode(runner.runCLI({u"status"_s, u"--json"_s}));
     if (result.status)
         result.devices = result.status->devices();
     if (readProfiles)
-        result.profiles = parseProfileList(runner.runCLI({u"switch"_s, u"--list"_s}));
+        result.profiles = parseProfileList(textFromUtf8(runner.runCLI({u"switch"_s, u"--list"_s})));
     return result;
 }
 

@@ -58,7 +58,7 @@ TEST_F(DaemonLifetime, DaemonStoppedHalfWayThroughACommand) {
         return manager->state().errorMessage.has_value() &&
                manager->state().statusLabel() == u"Stopped"_s;
     }));
-    EXPECT_TRUE(hasCommandError(manager->state().errorMessage.value_or(u""_s)));
+    EXPECT_TRUE(hasCommandError(manager->state().errorMessage.value_or(u""_s).toUtf8()));
     ASSERT_TRUE(daemon_.start());
     ASSERT_TRUE(waitUntil([&] { return test::refresh(*manager) && manager->state().isConnected; }));
     EXPECT_EQ(manager->state().errorMessage, std::nullopt);

@@ -42,7 +42,7 @@ TEST_F(CommandRunnerResources, ThousandRunsLeaveTheDescriptorsThatThereWere) {
     runner.runCLI({});
     const auto before = test::openDescriptors();
     for (int i = 0; i < 1000; ++i)
-        ASSERT_EQ(runner.runCLI({}), u""_s);
+        ASSERT_EQ(runner.runCLI({}), "");
     EXPECT_EQ(test::openDescriptors(), before);
     EXPECT_EQ(newChildren(), 0);
 }
@@ -89,7 +89,7 @@ TEST_F(CommandRunnerResources, ChildThatEndsDuringTheNextRunIsCollectedByItToo) 
 TEST_F(CommandRunnerResources, ToolGetsNoDescriptorOfOursThoughOneIsNotCloseOnExec) {
     const int descriptor = dup(STDERR_FILENO); // NOLINT(android-cloexec-dup): meant so
     tool_.setScript("exec ls -1 /proc/self/fd");
-    EXPECT_EQ(runnerOf(tool_.path()).runCLI({}), u"0\n1\n2\n3\n"_s) << "3 is the directory itself";
+    EXPECT_EQ(runnerOf(tool_.path()).runCLI({}), "0\n1\n2\n3\n") << "3 is the directory itself";
     close(descriptor);
 }
 

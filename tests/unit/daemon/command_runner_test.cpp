@@ -28,7 +28,7 @@ protected:
 
     CommandRunner runner() const { return {tool_.path(), paths_, timing_, cancellation_}; }
 
-    QString outputOf(const QByteArray& script) {
+    QByteArray outputOf(const QByteArray& script) {
         tool_.setScript(script);
         return runner().runCLI({u"status"_s});
     }
@@ -40,7 +40,7 @@ protected:
     CancellationToken cancellation_;
 };
 
-const auto timedOut = u"error: connection timed out"_s;
+const QByteArray timedOut = "error: connection timed out";
 
 TEST_F(CommandRunnerTest, SystemSocketComesFirstElseThePerUserOneWhoseDirectoryIsMade) {
     runner().runCLI({u"up"_s});
@@ -76,17 +76,17 @@ TEST_F(CommandRunnerTest, ToolThatSleepsPastTheLimitTimesOutAndIsAskedToEnd) {
 }
 
 TEST_F(CommandRunnerTest, ErrorInAnyCaseOrResponseStatusInExactlyThatCaseIsAnError) {
-    for (const auto& text : {u"error"_s, u"Error: x"_s, u"some ERROR here"_s, u"terrorist"_s,
-                             u"Response status: 404 Not Found"_s, u"x\nResponse status"_s})
-        EXPECT_TRUE(hasCommandError(text)) << text.toStdString();
-    for (const auto& text : {u"response status: 404"_s, u"RESPONSE STATUS"_s, u"Response  status"_s,
-                             u"failure"_s, u"err or"_s, u"Success."_s})
-        EXPECT_FALSE(hasCommandError(text)) << text.toStdString();
+    for (const char* text : {"error", "Error: x", "some ERROR here", "terrorist",
+                             "Response status: 404 Not Found", "x\nResponse status"})
+        EXPECT_TRUE(hasCommandError(text)) << text;
+    for (const char* text : {"response status: 404", "RESPONSE STATUS", "Response  status",
+                             "failure", "err or", "Success."})
+        EXPECT_FALSE(hasCommandError(text)) << text;
 }
 
 TEST_F(CommandRunnerTest, EmptyOutputIsReturnedAsEmptyAndIsNoError) {
-    EXPECT_EQ(outputOf("exit 7"), u""_s);
-    EXPECT_FALSE(hasCommandError(u""_s));
+    EXPECT_EQ(outputOf("exit 7"), "");
+    EXPECT_FALSE(hasCommandError(""));
 }
 
 TEST_F(CommandRunnerTest, BrowserThatIsAlreadySetBecomesEcho) {
@@ -110,28 +110,28 @@ TEST_F(CommandRunnerTest, LimitsAndPausesAreTheseByDefault) {
 }
 
 TEST_F(CommandRunnerTest, BothStreamsAreReturnedUntrimmed) {
-    EXPECT_EQ(outputOf("printf '  a\\n'; printf 'b' >&2; printf '\\n\\n '"), u"  a\nb\n\n "_s);
-    EXPECT_EQ(outputOf("printf '\\357\\273\\277x'"), u"\uFEFFx"_s);
+    EXPECT_EQ(outputOf("printf '  a\\n'; printf 'b' >&2; printf '\\n\\n '"), "  a\nb\n\n ");
+    EXPECT_EQ(outputOf("printf '\\357\\273\\277x'"), "\uFEFFx");
 }
 
 TEST_F(CommandRunnerTest, OutputThatIsNotUtf8IsEmpty) {
     for (const char* bytes : {"ok \\377", "\\300\\200", "\\355\\240\\200", "half \\303"})
-        EXPECT_EQ(outputOf(QByteArray("printf '") + bytes + '\''), u""_s) << bytes;
-    EXPECT_EQ(outputOf("printf '\\360\\237\\230\\200 \\303\\251'"), u"\U0001F600 \u00E9"_s);
+        EXPECT_EQ(outputOf(QByteArray("printf '") + bytes + '\''), "") << bytes;
+    EXPECT_EQ(outputOf("printf '\\360\\237\\230\\200 \\303\\251'"), "\U0001F600 \u00E9");
 }
 
 TEST_F(CommandRunnerTest, TextOfAToolThatFailsOrIsKilledIsReturned) {
-    EXPECT_EQ(outputOf("echo no such profile; exit 1"), u"no such profile\n"_s);
-    EXPECT_EQ(outputOf("echo about to die; kill -KILL $$"), u"about to die\n"_s);
+    EXPECT_EQ(outputOf("echo no such profile; exit 1"), "no such profile\n");
+    EXPECT_EQ(outputOf("echo about to die; kill -KILL $$"), "about to die\n");
 }
 
 TEST_F(CommandRunnerTest, ToolThatCannotBeStartedYieldsTheSystemsReason) {
     if (test::runsUnderValgrind())
         GTEST_SKIP() << "valgrind hides why a program does not start";
     const CommandRunner missing(u"/nonexistent/tool"_s, paths_, timing_, cancellation_);
-    EXPECT_EQ(missing.runCLI({}), u"error: No such file or directory"_s);
+    EXPECT_EQ(missing.runCLI({}), "error: No such file or directory");
     const CommandRunner directory(home_.path(), paths_, timing_, cancellation_);
-    EXPECT_EQ(directory.runCLI({}), u"error: Permission denied"_s);
+    EXPECT_EQ(directory.runCLI({}), "error: Permission denied");
     EXPECT_TRUE(hasCommandError(missing.runCLI({})));
 }
 
@@ -141,25 +141,25 @@ TEST_F(CommandRunnerTest, FloodBlocksTheToolUntilTheLimitAndReadsAsTimedOut) {
 }
 
 TEST_F(CommandRunnerTest, WhatThePipeHoldsIsReturnedWhole) {
-    EXPECT_EQ(outputOf("head -c 1000000 /dev/zero | tr '\\0' x"), QString(1'000'000, u'x'));
+    EXPECT_EQ(outputOf("head -c 1000000 /dev/zero | tr '\\0' x"), QByteArray(1'000'000, 'x'));
 }
 
 TEST_F(CommandRunnerTest, GrandchildThatHoldsThePipeCostsNoMoreThanTheLimit) {
     tool_.setScript("(trap '' TERM; while [ -d \"$here\" ]; do sleep 0.05; done) & echo text");
     // The test's own time limit bounds the wait: the grandchild lives as long as the test.
-    QString output = timedOut;
+    QByteArray output = timedOut;
     for (auto limit = 200ms; output == timedOut && limit < 60s; limit *= 2)
         output = runner().runCLIWithTimeout({}, limit);
-    EXPECT_EQ(output, u"text\n"_s);
+    EXPECT_EQ(output, "text\n");
 }
 
 TEST_F(CommandRunnerTest, ToolReplacedBetweenAndDuringRunsIsNoticed) {
-    EXPECT_EQ(outputOf("echo first"), u"first\n"_s);
-    EXPECT_EQ(outputOf("echo second"), u"second\n"_s);
+    EXPECT_EQ(outputOf("echo first"), "first\n");
+    EXPECT_EQ(outputOf("echo second"), "second\n");
     tool_.setScript("mv \"$0\" \"$0.old\"; printf '#!/bin/sh\\necho new' > \"$0\"; "
                     "chmod +x \"$0\"; echo old");
-    EXPECT_EQ(runner().runCLI({}), u"old\n"_s);
-    EXPECT_EQ(runner().runCLI({}), u"new\n"_s);
+    EXPECT_EQ(runner().runCLI({}), "old\n");
+    EXPECT_EQ(runner().runCLI({}), "new\n");
 }
 
 TEST_F(CommandRunnerTest, OnceStoppedNothingIsStarted) {
