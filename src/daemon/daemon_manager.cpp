@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "daemon/daemon_manager.h"
 
+#include "platform/main_queue.h"
 #include "platform/system_calls.h"
 
 #include <QCoreApplication>
@@ -13,16 +14,21 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A prompt holds its thread for as long as it is open; by default there are as many threads as
-// processors, and a forgotten prompt would hold up the next one.
-constexpr int maxOpenPrompts = 64;
-
 // Without fallbacks: what another program or the administrator stores is none of ours.
 std::unique_ptr<QSettings> userSettings(const Platform& platform) {
     auto settings =
         std::make_unique<QSettings>(platform.settingsOrganization, platform.settingsApplication);
     settings->setFallbacksEnabled(false);
     return settings;
+}
+
+DaemonInstaller::Sources sourcesOf(const DaemonManagerOptions& options) {
+    return {
+        options.platform,
+        options.bundleDir,
+        {options.homeDir, options.platform.systemSocket},
+        ToolPaths::resolve(options.platform, options.machine, options.bundleDir, options.homeDir),
+        Environment::ofThisProcess()};
 }
 
 } // namespace
@@ -48,14 +54,13 @@ std::shared_ptr<DaemonManager> DaemonManager::create(DaemonManagerOptions option
 }
 
 DaemonManager::DaemonManager(DaemonManagerOptions options)
-    : platform_(options.platform), timing_(options.timing),
-      bundleDir_(options.bundleDir), paths_{options.homeDir, platform_.systemSocket},
-      tools_(ToolPaths::resolve(platform_, options.machine, bundleDir_, options.homeDir)),
-      details_(options.settings ? std::move(options.settings) : userSettings(platform_)),
+    : nudgeDaemon_(options.platform.nudgeDaemon), timing_(options.timing),
+      details_(options.settings ? std::move(options.settings) : userSettings(options.platform)),
       refresh_(timing_.profileRefreshInterval),
-      runner_(tools_.cliPath, paths_, timing_, cancellation_, environment_),
+      installer_(sourcesOf(options), timing_, cancellation_),
+      runner_(installer_.sources().tools.cliPath, installer_.sources().paths, timing_,
+              cancellation_, installer_.sources().environment),
       workQueue_(u"com.tarnwick.client.daemon"_s, enterBackgroundQualityOfService) {
-    installPool_.setMaxThreadCount(maxOpenPrompts);
     QObject::connect(&statusTimer_, &QTimer::timeout, &statusTimer_, [this] { refreshStatus(); });
 }
 
@@ -64,14 +69,191 @@ DaemonManager::~DaemonManager() {
     cancellation_.cancel();
 }
 
-void DaemonManager::clearErrorMessage() {
-    published_.set(&DaemonState::errorMessage, std::nullopt);
-}
-
 void DaemonManager::startStatusPolling() {
     statusTimer_.stop();
     refreshStatus();
     statusTimer_.start(timing_.statusPollInterval);
+}
+
+void DaemonManager::refreshStatus(bool forceProfiles, Completion completion) {
+    postToMainQueue([weak = weak_from_this(), forceProfiles, completion = std::move(completion)] {
+        if (const auto self = weak.lock())
+            self->beginRefresh(forceProfiles, completion);
+    });
+}
+
+void DaemonManager::beginRefresh(bool forceProfiles, Completion completion) {
+    if (!refresh_.begin(forceProfiles)) {
+        if (completion)
+            completion();
+        return;
+    }
+    const bool readsProfiles = refresh_.shouldReadProfiles(
+        forceProfiles, state().profiles.isEmpty(), RefreshBookkeeping::Clock::now);
+    workQueue_.async([weak = weak_from_this(), runner = runner_, readsProfiles,
+                      completion = std::move(completion)]() mutable {
+        const auto reading =
+            weak.expired() ? StatusReading() : StatusReading::take(runner, readsProfiles);
+        postToMainQueue([weak, reading, completion = std::move(completion)] {
+            if (const auto self = weak.lock())
+                self->finishRefresh(reading, completion);
+        });
+    });
+}
+
+void DaemonManager::finishRefresh(const StatusReading& reading, const Completion& completion) {
+    if (reading.profiles) {
+        details_.prune(*reading.profiles);
+        published_.set(&DaemonState::profiles, details_.enrich(*reading.profiles));
+        refresh_.profilesWereRead(RefreshBookkeeping::Clock::now());
+    }
+    if (reading.status)
+        publish(*reading.status, reading.devices);
+    else
+        publishStopped();
+
+    const bool forcedOneFollows = refresh_.end();
+    if (completion)
+        completion();
+    if (forcedOneFollows)
+        refreshStatus(true);
+}
+
+void DaemonManager::publishStopped() {
+    published_.set(&DaemonState::backendState, DaemonState::stoppedStatus());
+    published_.set(&DaemonState::isConnected, false);
+    published_.set(&DaemonState::ipAddress, {});
+    published_.set(&DaemonState::hostname, {});
+    published_.set(&DaemonState::devices, {});
+}
+
+void DaemonManager::publish(const StatusResponse& status, const QList<DeviceInfo>& sortedDevices) {
+    published_.set(&DaemonState::backendState, status.backendState);
+    published_.set(&DaemonState::isConnected, status.isConnected());
+    published_.set(&DaemonState::ipAddress, status.ipAddress());
+    published_.set(&DaemonState::hostname, status.hostname());
+    // A poll queued behind a switch or a log-in reports the new network while the list still marks
+    // the old one, whose details it must not replace. The forced refresh that follows reads both.
+    if (state().isConnected && refresh_.profilesAreOfThisStatus() &&
+        details_.rememberCurrent(state().profiles, {state().ipAddress, state().hostname}))
+        published_.set(&DaemonState::profiles, details_.enrich(state().profiles));
+    clearErrorMessage();
+    published_.set(&DaemonState::devices, sortedDevices);
+}
+
+// The frame of every command: `work` runs on the queue with values only, for a worker that held
+// the controller might be the one to destroy it; `handle` gets its output on the main thread. It
+// goes back there even when the controller is gone: what a view's callback holds, only the main
+// thread may destroy.
+void DaemonManager::perform(ToolWork work, CommandHandler handle) {
+    workQueue_.async([weak = weak_from_this(), runner = runner_, work = std::move(work),
+                      handle = std::move(handle)]() mutable {
+        const QByteArray output = weak.expired() ? QByteArray() : work(runner);
+        postToMainQueue([weak, handle = std::move(handle), output] {
+            if (const auto self = weak.lock())
+                handle(*self, output);
+        });
+    });
+}
+
+void DaemonManager::connect() {
+    perform(ConnectionCommands::connect(), &DaemonManager::finishConnecting);
+}
+
+void DaemonManager::disconnect() {
+    perform(ConnectionCommands::disconnect(),
+            [](DaemonManager& self, const QByteArray&) { self.refreshStatus(true); });
+}
+
+void DaemonManager::switchProfile(const QString& id) {
+    details_.setPendingProfile(id);
+    refresh_.currentProfileMayChange();
+    perform(ConnectionCommands::switchProfile(id), &DaemonManager::finishConnecting);
+}
+
+void DaemonManager::finishConnecting(const QByteArray& output) {
+    showFailure(output);
+    refreshStatus(true);
+}
+
+void DaemonManager::connectWithAuthKey(const QString& authKey, const QString& deviceName,
+                                       Completion completion) {
+    refresh_.currentProfileMayChange();
+    perform(ConnectionCommands::logIn(authKey, deviceName, nudgeDaemon_),
+            [completion = std::move(completion)](DaemonManager& self, const QByteArray& output) {
+                self.showFailure(output);
+                self.refreshStatus(true, [weak = self.weak_from_this(), output, completion] {
+                    if (const auto manager = weak.lock())
+                        manager->finishLogin(output, completion);
+                });
+            });
+}
+
+// The refresh before this has cleared the message if the daemon answers at all: a refused log-in
+// has to be shown again, unless the machine is connected all the same.
+void DaemonManager::finishLogin(const QByteArray& output, const Completion& completion) {
+    if (state().isConnected)
+        clearErrorMessage();
+    else
+        showFailure(output);
+    if (completion)
+        completion();
+}
+
+void DaemonManager::removeProfile(const QString& id) {
+    perform(
+        ConnectionCommands::removeProfile(id),
+        [id](DaemonManager& self, const QByteArray& output) { self.finishRemoval(id, output); });
+}
+
+void DaemonManager::finishRemoval(const QString& id, const QByteArray& output) {
+    if (hasCommandError(output)) {
+        published_.set(&DaemonState::errorMessage, output.isEmpty()
+                                                       ? u"Failed to remove profile "_s + id
+                                                       : textFromUtf8(output));
+        return;
+    }
+    details_.forget(id);
+    QList<NetworkProfile> remaining = state().profiles;
+    remaining.removeIf([&id](const NetworkProfile& profile) { return profile.id == id; });
+    published_.set(&DaemonState::profiles, remaining);
+    clearErrorMessage();
+    refreshStatus(true);
+}
+
+void DaemonManager::checkDaemonInstalled() {
+    published_.set(&DaemonState::daemonInstalled, installer_.isInstalled());
+}
+
+void DaemonManager::installAndStartDaemon(std::function<void(bool)> completion) {
+    installer_.install([weak = weak_from_this(), completion = std::move(completion)](
+                           const DaemonInstaller::Outcome& outcome) {
+        const auto self = weak.lock();
+        if (!self)
+            return;
+        self->finishInstallation(outcome);
+        if (completion)
+            completion(outcome.succeeded);
+    });
+}
+
+void DaemonManager::finishInstallation(const DaemonInstaller::Outcome& outcome) {
+    if (!outcome.succeeded) {
+        published_.set(&DaemonState::errorMessage, outcome.message);
+        return;
+    }
+    published_.set(&DaemonState::daemonInstalled, true);
+    clearErrorMessage();
+    QTimer::singleShot(timing_.refreshAfterInstall, &statusTimer_, [this] { refreshStatus(true); });
+}
+
+void DaemonManager::showFailure(const QByteArray& output) {
+    if (hasCommandError(output))
+        published_.set(&DaemonState::errorMessage, textFromUtf8(output));
+}
+
+void DaemonManager::clearErrorMessage() {
+    published_.set(&DaemonState::errorMessage, std::nullopt);
 }
 
 } // namespace tarnwick

@@ -2,16 +2,15 @@
 #pragma once
 
 #include "daemon/command_runner.h"
+#include "daemon/connection_commands.h"
+#include "daemon/daemon_installer.h"
 #include "daemon/published_state.h"
 #include "daemon/refresh_bookkeeping.h"
-#include "daemon/tool_paths.h"
-#include "model/profile_details_store.h"
-#include "model/status_response.h"
-#include "platform/platform.h"
+#include "daemon/remembered_details.h"
+#include "daemon/status_reading.h"
 #include "platform/serial_queue.h"
 
 #include <QSettings>
-#include <QThreadPool>
 #include <QTimer>
 
 #include <functional>
@@ -87,67 +86,34 @@ public:
     void installAndStartDaemon(std::function<void(bool)> completion = {});
 
 private:
+    using CommandHandler = std::function<void(DaemonManager&, const QByteArray& output)>;
+
     explicit DaemonManager(DaemonManagerOptions options);
 
-    struct InstallOutcome {
-        bool succeeded = false;
-        QString message; ///< What to show when it did not.
-    };
-
-    // status_refresh.cpp
     void beginRefresh(bool forceProfiles, Completion completion);
-
-    struct RefreshResult {
-        std::optional<StatusResponse> status;          ///< None: the daemon did not answer.
-        QList<DeviceInfo> devices;                     ///< Of that status, sorted.
-        std::optional<QList<NetworkProfile>> profiles; ///< None: not asked for.
-    };
-
-    static RefreshResult readStatus(const CommandRunner& runner, bool readProfiles);
-    void finishRefresh(const RefreshResult& result, const Completion& completion);
+    void finishRefresh(const StatusReading& reading, const Completion& completion);
     void publishStopped();
-    void publishStatus(const StatusResponse& status, const QList<DeviceInfo>& sortedDevices);
+    void publish(const StatusResponse& status, const QList<DeviceInfo>& sortedDevices);
 
-    // connection_commands.cpp
-    using ToolWork = std::function<QByteArray(const CommandRunner&)>;
-    void perform(ToolWork work, std::function<void(DaemonManager&, const QByteArray&)> handle);
+    void perform(ToolWork work, CommandHandler handle);
     void finishConnecting(const QByteArray& output);
     void finishLogin(const QByteArray& output, const Completion& completion);
     void finishRemoval(const QString& id, const QByteArray& output);
-
-    // profile_details.cpp
-    QList<NetworkProfile> enrichProfiles(QList<NetworkProfile> list) const;
-    void rememberCurrentProfileDetails(const QString& address, const QString& name);
-    void pruneProfileDetails(const QList<NetworkProfile>& keeping);
-    std::optional<QString> profileToRememberFor() const;
-
-    // daemon_installation.cpp
-    static QString launchDaemonPlistSource(const Platform& platform, const QString& bundleDir,
-                                           const DaemonPaths& paths);
-    static InstallOutcome runInstallation(const CommandLine& command,
-                                          const Environment& environment, const Timing& timing,
-                                          const CancellationToken& cancellation);
-    void finishInstallation(const InstallOutcome& outcome);
-    static void ensureDaemonRunning(const CommandRunner& runner, const CommandLine& nudge);
+    void finishInstallation(const DaemonInstaller::Outcome& outcome);
+    void showFailure(const QByteArray& output);
 
     PublishedState published_;
 
-    const Platform platform_;
+    const CommandLine nudgeDaemon_;
     const Timing timing_;
-    const QString bundleDir_;
-    const DaemonPaths paths_;
-    const ToolPaths tools_;
-    const Environment environment_ = Environment::ofThisProcess();
-    ProfileDetailsStore details_;
-
+    RememberedDetails details_;
     RefreshBookkeeping refresh_;
-    std::optional<QString> pendingCurrentProfileID_;
     QTimer statusTimer_;
 
     // Last, so that they go first: no work is left when the fields above are released.
     CancellationToken cancellation_;
+    DaemonInstaller installer_;
     CommandRunner runner_;
-    QThreadPool installPool_;
     SerialQueue workQueue_;
 };
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "model/network_profile_details.h"
-
 #include <QByteArray>
+#include <QMap>
+#include <QString>
 
 #include <memory>
 #include <optional>
@@ -11,6 +11,17 @@
 class QSettings;
 
 namespace tarnwick {
+
+/// What is remembered of a profile from the last time that it was current and connected.
+struct NetworkProfileDetails {
+    QString ipAddress;
+    QString hostname;
+
+    bool operator==(const NetworkProfileDetails&) const = default;
+};
+
+/// Remembered details by profile id.
+using ProfileDetailsMap = QMap<QString, NetworkProfileDetails>;
 
 /// The user's settings, of which the client has one: the remembered details of each profile.
 ///

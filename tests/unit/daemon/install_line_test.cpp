@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "daemon/install_line.h"
+#include "daemon/daemon_installer.h"
 #include "support/printing.h"
 
 #include <gtest/gtest.h>
@@ -11,9 +11,10 @@ namespace {
 using namespace Qt::StringLiterals;
 
 TEST(InstallLine, OfMacOSCharacterForCharacter) {
-    EXPECT_EQ(installLine(macOSPlatform(),
-                          {u"/b/tarnwick-darwin-arm64"_s, u"/b/tarnwick-daemon-darwin-arm64"_s},
-                          u"/b/../Resources/com.tarnwick.daemon.plist"_s),
+    EXPECT_EQ(DaemonInstaller::installLine(
+                  macOSPlatform(),
+                  {u"/b/tarnwick-darwin-arm64"_s, u"/b/tarnwick-daemon-darwin-arm64"_s},
+                  u"/b/../Resources/com.tarnwick.daemon.plist"_s),
               u"mkdir -p '/Library/Application Support/Tarnwick' && "
               "cp '/b/tarnwick-daemon-darwin-arm64' "
               "'/Library/Application Support/Tarnwick/tarnwick-daemon' && "
@@ -27,9 +28,10 @@ TEST(InstallLine, OfMacOSCharacterForCharacter) {
 }
 
 TEST(InstallLine, OfLinuxCharacterForCharacter) {
-    EXPECT_EQ(installLine(linuxPlatform(),
-                          {u"/b/tarnwick-linux-amd64"_s, u"/b/tarnwick-daemon-linux-amd64"_s},
-                          u"/home/a b/.tarnwick/tarnwick-daemon.service"_s),
+    EXPECT_EQ(DaemonInstaller::installLine(
+                  linuxPlatform(),
+                  {u"/b/tarnwick-linux-amd64"_s, u"/b/tarnwick-daemon-linux-amd64"_s},
+                  u"/home/a b/.tarnwick/tarnwick-daemon.service"_s),
               u"mkdir -p '/opt/tarnwick' && "
               "cp '/b/tarnwick-daemon-linux-amd64' '/opt/tarnwick/tarnwick-daemon' && "
               "cp '/b/tarnwick-linux-amd64' '/opt/tarnwick/tarnwick' && "
@@ -43,7 +45,7 @@ TEST(InstallLine, OfLinuxCharacterForCharacter) {
 
 TEST(InstallLine, QuotesInPathsAreNotEscaped) {
     EXPECT_TRUE(
-        installLine(linuxPlatform(), {u"/it's/t"_s, u"/a \"b\"/d"_s}, u"/j"_s)
+        DaemonInstaller::installLine(linuxPlatform(), {u"/it's/t"_s, u"/a \"b\"/d"_s}, u"/j"_s)
             .contains(u"cp '/a \"b\"/d' '/opt/tarnwick/tarnwick-daemon' && cp '/it's/t' '"_s));
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "daemon/login_server.h"
+#include "daemon/connection_commands.h"
 #include "platform/service_addresses.h"
 #include "support/printing.h"
 

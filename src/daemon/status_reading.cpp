@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#include "daemon/status_reading.h"
+
+#include "daemon/command_runner.h"
+
+namespace tarnwick {
+
+using namespace Qt::StringLiterals;
+
+StatusReading StatusReading::take(const CommandRunner& runner, bool readsProfiles) {
+    StatusReading reading;
+    reading.status = StatusResponse::decode(runner.runCLI({u"status"_s, u"--json"_s}));
+    if (reading.status)
+        reading.devices = reading.status->devices();
+    if (readsProfiles)
+        reading.profiles =
+            parseProfileList(textFromUtf8(runner.runCLI({u"switch"_s, u"--list"_s})));
+    return reading;
+}
+
+} // namespace tarnwick

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "model/network_profile.h"
+#include "model/status_response.h"
+
+#include <optional>
+
+namespace tarnwick {
+
+class CommandRunner;
+
+/// What one refresh learns from the tool.
+struct StatusReading {
+    std::optional<StatusResponse> status;          ///< None: the daemon did not answer.
+    QList<DeviceInfo> devices;                     ///< Of that status, sorted.
+    std::optional<QList<NetworkProfile>> profiles; ///< None: not asked for.
+
+    /// Runs the tool once, or twice when the profiles are wanted too. For the work queue: decoding
+    /// a large network takes longer than a frame.
+    static StatusReading take(const CommandRunner& runner, bool readsProfiles);
+};
+
+} // namespace tarnwick
