@@ -12,7 +12,7 @@ set(ui_style desktop daemon update model platform)
 set(ui_controls ui_style ${ui_style})
 set(ui_panel ui_controls ${ui_controls})
 set(ui_windows ui_controls ${ui_controls})
-set(app ui_panel ui_windows ${ui_controls})
+set(app ui_panel ui_windows ui_controls ${ui_controls})
 
 file(GLOB_RECURSE sources RELATIVE ${SOURCE_DIR} ${SOURCE_DIR}/*.h ${SOURCE_DIR}/*.cpp)
 set(wrong "")

@@ -8,6 +8,7 @@
 #include "desktop/termination_signals.h"
 #include "desktop/tray_icon.h"
 #include "desktop/wake_up.h"
+#include "ui/controls/held_key_filter.h"
 #include "ui/windows/auth_key_window.h"
 #include "update/update_service.h"
 
@@ -51,6 +52,7 @@ private:
     const Platform platform_;
     TerminationSignals signals_;
     WakeUp wakeUp_;
+    HeldKeyFilter heldKeys_;
     SingleInstanceChannel launches_;
     AuthKeyWindow authKeyWindow_;
     UpdateService updates_;
