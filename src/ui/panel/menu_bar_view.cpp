@@ -31,8 +31,8 @@ MenuBarView::MenuBarView(std::shared_ptr<DaemonManager> daemon, PerformCommand p
     scrollArea_->setContents(column_);
     activationReview_.setSingleShot(true);
     QObject::connect(&activationReview_, &QTimer::timeout, this, &MenuBarView::reviewActivation);
-    QObject::connect(&daemon_->published(), &PublishedState::objectWillChange, this,
-                     &MenuBarView::scheduleRender);
+    QObject::connect(&daemon_->published(), &PublishedState::changed, this,
+                     &MenuBarView::renderIfVisible);
     QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, this,
                      &MenuBarView::scheduleActivationReview);
 }
@@ -85,15 +85,7 @@ void MenuBarView::setVisible(bool visible) {
     FramelessWindow::setVisible(visible);
 }
 
-void MenuBarView::scheduleRender() {
-    if (isRenderScheduled_ || !isVisible())
-        return;
-    isRenderScheduled_ = true;
-    QMetaObject::invokeMethod(this, &MenuBarView::renderScheduled, Qt::QueuedConnection);
-}
-
-void MenuBarView::renderScheduled() {
-    isRenderScheduled_ = false;
+void MenuBarView::renderIfVisible() {
     if (isVisible())
         render();
 }

@@ -68,8 +68,7 @@ protected:
 private:
     void openAs(Qt::WindowFlags newFlags, const QPoint& topLeft);
     bool isOrdinaryWindow() const;
-    void scheduleRender();
-    void renderScheduled();
+    void renderIfVisible();
     void render();
     void fitHeight();
     void scheduleActivationReview();
@@ -85,7 +84,6 @@ private:
     QPointer<const QWidget> lastActive_; ///< Of the panel and its popovers.
     int maximumPanelHeight_ = QWIDGETSIZE_MAX;
     int renderCount_ = 0;
-    bool isRenderScheduled_ = false;
     bool growsUpwards_ = false;
 };
 

@@ -49,8 +49,7 @@ AuthKeyView::AuthKeyView(std::shared_ptr<DaemonManager> daemon, AuthKeyViewOptio
     });
     connect(connectButton_, &QPushButton::clicked, this, &AuthKeyView::connectToNetwork);
     connect(authKey_, &QLineEdit::textChanged, this, &AuthKeyView::render);
-    connect(&daemon_->published(), &PublishedState::objectWillChange, this,
-            &AuthKeyView::scheduleRender);
+    connect(&daemon_->published(), &PublishedState::changed, this, &AuthKeyView::render);
     render();
 }
 
@@ -135,15 +134,7 @@ void AuthKeyView::setConnecting(bool connecting) {
     render();
 }
 
-// Announced before the new value is there to be read.
-void AuthKeyView::scheduleRender() {
-    if (std::exchange(renderIsDue_, true))
-        return;
-    QMetaObject::invokeMethod(this, &AuthKeyView::render, Qt::QueuedConnection);
-}
-
 void AuthKeyView::render() {
-    renderIsDue_ = false;
     connectButton_->setText(connecting_ ? u"Connecting..."_s : u"Connect"_s);
     connectButton_->setEnabled(!authKey_->text().isEmpty() && !connecting_);
     const auto message = daemon_->state().errorMessage;

@@ -47,7 +47,6 @@ private:
     QLayout* makeButtons();
     void connectToNetwork();
     void setConnecting(bool connecting);
-    void scheduleRender();
     void render();
 
     std::shared_ptr<DaemonManager> daemon_;
@@ -58,7 +57,6 @@ private:
     QPushButton* cancelButton_;
     QPushButton* connectButton_;
     bool connecting_ = false;
-    bool renderIsDue_ = false;
 };
 
 } // namespace tarnwick
