@@ -8,6 +8,8 @@
 
 namespace tarnwick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Beside the program where it was built, in a directory of its own where it is installed. The name
@@ -24,7 +26,12 @@ QString modulePath() {
 } // namespace
 
 std::variant<std::unique_ptr<ManifestFetcher>, FetchFailure> loadManifestFetcher() {
-    QLibrary module(modulePath());
+    const QString path = modulePath();
+    // An upgrade took it along; the system would only name a file that the user has never seen.
+    if (!QFile::exists(path))
+        return FetchFailure{u"Tarnwick Network was replaced or removed while it was running. "
+                            "Quit it and open it again."_s};
+    QLibrary module(path);
     const auto create = reinterpret_cast<decltype(&tarnwickCreateManifestFetcher)>(
         module.resolve("tarnwickCreateManifestFetcher"));
     if (create == nullptr)

@@ -264,17 +264,27 @@ class Surroundings(unittest.TestCase):
         session.open_panel()
         return "Connected" in session.texts()
 
+    def check_for_updates(self, session):
+        """Returns what the client says of a check that fails, and sees that it goes on."""
+        session.click("Check for Updates...")
+        session.wait_for_texts("Software Update", "Close")
+        problem = next(text for text in session.texts() if text.startswith("Couldn't check"))
+        session.click("Close")
+        session.refresh(*CONNECTED)
+        return problem
+
     def test_the_module_that_checks_for_updates_is_damaged(self):
         version = subprocess.run([bin_dir() / "tarnwick-client", "--version"], text=True,
                                  capture_output=True, check=True).stdout.split()[-1]
         module = bin_dir() / f"tarnwick-network-{version}.so"  # older ones may stand beside it
         session = self.start(mounts=f"mount --bind /dev/null '{module}'")
-        session.click("Check for Updates...")
-        session.wait_for_texts("Software Update", "Close")
-        problem = next(text for text in session.texts() if text.startswith("Couldn't check"))
-        self.assertIn(module.name, problem)
-        session.click("Close")
-        session.refresh(*CONNECTED)
+        self.assertIn(module.name, self.check_for_updates(session))
+
+    def test_the_module_that_checks_for_updates_is_gone(self):
+        # As after an upgrade of the package, which brings a module of another version.
+        rest = f'mkdir -p "$HOME/bin"; cp -a "{bin_dir()}"/tarnwick* "$HOME/bin"; rm "$HOME"/bin/*.so'
+        session = self.start(mounts=f'{rest}; mount --bind "$HOME/bin" "{bin_dir()}"')
+        self.assertIn("Quit it and open it again.", self.check_for_updates(session))
 
     def test_the_display_goes(self):
         session = self.start()
