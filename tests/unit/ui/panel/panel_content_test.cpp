@@ -52,6 +52,24 @@ TEST(PanelContent, ConnectedWithOnlyTheCurrentProfileOffersOnlyDisconnect) {
     EXPECT_EQ(titlesAboveDivider(content), QStringList{u"Disconnect"_s});
 }
 
+TEST(PanelContent, OneProfileThatIsNotTheCurrentOneCanBeSwitchedTo) {
+    const auto content = PanelContent::of(withProfiles(connectedState(), {profile(u"a"_s)}));
+    EXPECT_EQ(titlesAboveDivider(content), (QStringList{u"Switch network"_s, u"Disconnect"_s}));
+    EXPECT_EQ(picker(content).profiles.size(), 1);
+}
+
+TEST(PanelContent, OneProfileCanBeConnectedToWhetherItIsTheCurrentOneOrNot) {
+    for (const bool isCurrent : {false, true}) {
+        const auto content =
+            PanelContent::of(withProfiles(stoppedState(), {profile(u"a"_s, isCurrent)}));
+        EXPECT_EQ(titlesAboveDivider(content),
+                  (QStringList{u"Connect (1)"_s, u"Use Auth Key..."_s}));
+        ASSERT_EQ(picker(content).profiles.size(), 1);
+        EXPECT_FALSE(picker(content).profiles[0].isSelected);
+        EXPECT_TRUE(picker(content).profiles[0].remove);
+    }
+}
+
 TEST(PanelContent, SwitchNetworkListsTheTwoOtherProfilesNeitherMarked) {
     const auto content = PanelContent::of(
         withProfiles(connectedState(), {profile(u"a"_s), profile(u"b"_s, true), profile(u"c"_s)}));

@@ -30,6 +30,11 @@ TEST_F(AuthKeyForm, WindowHasItsTitleAndSizeAndStaysOnTop) {
     EXPECT_LE(off.manhattanLength(), 8); // the frame around the window
 }
 
+TEST(AuthKeyWindowOptions, AsksForTheStatusEverySecondUnlessToldOtherwise) {
+    EXPECT_EQ(AuthKeyWindowOptions().retryInterval, 1000ms);
+    EXPECT_EQ(AuthKeyViewOptions().retryInterval, 1000ms);
+}
+
 TEST_F(AuthKeyForm, LargeFontMakesTheWindowHigherRatherThanCutItsTexts) {
     const QFont before = QApplication::font();
     QFont large = before;
