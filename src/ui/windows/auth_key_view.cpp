@@ -5,10 +5,11 @@
 #include "ui/controls/form_button.h"
 #include "ui/controls/rounded_field.h"
 #include "ui/controls/scrolling_text.h"
-#include "ui/windows/connection_wait.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QPointer>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace tarnwick {
@@ -29,6 +30,25 @@ WrappedLabel* makeLabel(const QString& text, const TextLook& look, ThemeColor co
     auto* label = new WrappedLabel(look, color, parent);
     label->setContent(text);
     return label;
+}
+
+// Refreshes the status until the machine is connected, and then calls `onClose`: once now, and
+// `attempts` times more, each `interval` after the answer before. Gives up silently. Needs no view:
+// the window may be closed by hand meanwhile.
+void checkAndClose(const std::weak_ptr<DaemonManager>& daemon, std::chrono::milliseconds interval,
+                   const std::function<void()>& onClose, int attempts) {
+    const auto manager = daemon.lock();
+    if (!manager)
+        return;
+    manager->refreshStatus(false, [daemon, interval, onClose, attempts] {
+        const auto refreshed = daemon.lock();
+        if (refreshed && refreshed->state().isConnected) {
+            onClose();
+        } else if (refreshed && attempts > 0) {
+            QTimer::singleShot(interval, QCoreApplication::instance(),
+                               [=] { checkAndClose(daemon, interval, onClose, attempts - 1); });
+        }
+    });
 }
 
 } // namespace
