@@ -59,7 +59,8 @@ class SkippedTests(unittest.TestCase):
             pathlib.Path(directory, "CMakeLists.txt").write_text("".join((PROJECT, *parts)),
                                                                  encoding="utf-8")
             build = pathlib.Path(directory, "build")
-            subprocess.run(["cmake", "-S", directory, "-B", build], check=True, capture_output=True)
+            subprocess.run(["cmake", "-G", "Ninja", "-S", directory, "-B", build], check=True,
+                           capture_output=True)
             subprocess.run(["ctest", "--test-dir", build, "--output-junit", "report.xml"],
                            check=False, capture_output=True)
             kept = {name: value for name, value in os.environ.items()
