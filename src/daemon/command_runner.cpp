@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "daemon/command_runner.h"
 
+#include "platform/logging.h"
+
 #include <QDeadlineTimer>
+#include <QElapsedTimer>
 #include <QStringDecoder>
 
 namespace tarnwick {
@@ -11,6 +14,45 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QByteArrayView timedOut = "error: connection timed out";
+
+/// Reports one run of a program to the log. An auth key is never in it: neither as an argument nor
+/// in the output of that run, which may repeat the key in any form.
+class RunLog {
+public:
+    explicit RunLog(const QStringList& arguments) : arguments_(arguments) {
+        const auto flag = arguments.indexOf("--authkey"_L1);
+        hasSecret_ = flag >= 0;
+        if (hasSecret_ && flag + 1 < arguments_.size())
+            arguments_[flag + 1] = u"(hidden)"_s;
+        elapsed_.start();
+    }
+
+    void report(const QString& outcome) const {
+        qCInfo(toolLog).noquote().nospace()
+            << arguments_.join(u' ') << " [" << elapsed_.elapsed() << " ms] " << outcome;
+    }
+
+    void reportOutput(bool hasSucceeded, const QByteArray& output) const {
+        if (!toolLog().isInfoEnabled())
+            return;
+        constexpr qsizetype shownBytes = 200;
+        QString outcome;
+        QDebug text(&outcome);
+        text << (hasSucceeded ? "succeeded," : "failed,") << output.size() << "bytes:";
+        if (hasSecret_)
+            text << "(hidden)";
+        else if (output.isValidUtf8())
+            text << QString::fromUtf8(output.left(shownBytes));
+        else
+            text << "not UTF-8";
+        report(outcome);
+    }
+
+private:
+    QStringList arguments_;
+    bool hasSecret_;
+    QElapsedTimer elapsed_;
+};
 
 } // namespace
 
@@ -26,20 +68,27 @@ QByteArray CommandRunner::runCLIWithTimeout(const QStringList& arguments,
     if (cancellation_.isCancelled()) // a second step of a command whose first was cut short
         return timedOut.toByteArray();
     const QString socketFlag = u"--socket="_s + paths_.socketPath();
-    auto child =
-        ChildProcess::start({cliPath_, QStringList(socketFlag) + arguments}, toolEnvironment_);
-    if (!child.isStarted())
-        return "error: " + qt_error_string(child.startError()).toUtf8();
+    const CommandLine command = {cliPath_, QStringList(socketFlag) + arguments};
+    const RunLog log(command.arguments);
+    auto child = ChildProcess::start(command, toolEnvironment_);
+    if (!child.isStarted()) {
+        const QString reason = qt_error_string(child.startError());
+        log.report(u"could not start: "_s + reason);
+        return "error: " + reason.toUtf8();
+    }
 
     // The output stays in the pipe until the tool has ended: one that prints more than the pipe
     // holds is stuck in a loop and is treated as one that hangs.
     QDeadlineTimer deadline(timeout);
     const bool hasEnded = waitForEnd(child, deadline);
     reaper_->reap(); // those that took this run's time to end
-    if (!hasEnded)
+    if (!hasEnded) {
+        log.report(cancellation_.isCancelled() ? u"left running"_s : u"timed out"_s);
         return timedOut.toByteArray();
+    }
     deadline += timing_.pollStep.count();
     const QByteArray output = child.readOutput(deadline, cancellation_);
+    log.reportOutput(child.hasSucceeded(), output);
     return output.isValidUtf8() ? output : QByteArray();
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "daemon/daemon_manager.h"
 
+#include "platform/logging.h"
 #include "platform/main_queue.h"
 #include "platform/system_calls.h"
 
@@ -61,6 +62,8 @@ DaemonManager::DaemonManager(DaemonManagerOptions options)
       runner_(installer_.sources().tools.cliPath, installer_.sources().paths, timing_,
               cancellation_, installer_.sources().environment),
       workQueue_(u"com.tarnwick.client.daemon"_s, enterBackgroundQualityOfService) {
+    qCInfo(daemonLog) << "tool" << installer_.sources().tools.cliPath << "daemon"
+                      << installer_.sources().tools.daemonPath;
     QObject::connect(&statusTimer_, &QTimer::timeout, &statusTimer_, [this] { refreshStatus(); });
 }
 
@@ -120,6 +123,7 @@ void DaemonManager::finishRefresh(const StatusReading& reading, const Completion
 }
 
 void DaemonManager::publishStopped() {
+    qCInfo(daemonLog) << "no valid status: published as" << DaemonState::stoppedStatus();
     published_.set(&DaemonState::backendState, DaemonState::stoppedStatus());
     published_.set(&DaemonState::isConnected, false);
     published_.set(&DaemonState::ipAddress, {});
@@ -139,6 +143,8 @@ void DaemonManager::publish(const StatusResponse& status, const QList<DeviceInfo
         published_.set(&DaemonState::profiles, details_.enrich(state().profiles));
     clearErrorMessage();
     published_.set(&DaemonState::devices, sortedDevices);
+    qCInfo(daemonLog) << "status" << state().backendState << "connected" << state().isConnected
+                      << "devices" << sortedDevices.size() << "profiles" << state().profiles.size();
 }
 
 // The frame of every command: `work` runs on the queue with values only, for a worker that held
@@ -238,6 +244,7 @@ void DaemonManager::installAndStartDaemon(std::function<void(bool)> completion) 
 }
 
 void DaemonManager::finishInstallation(const DaemonInstaller::Outcome& outcome) {
+    qCInfo(daemonLog) << "installation succeeded" << outcome.succeeded << outcome.message;
     if (!outcome.succeeded) {
         published_.set(&DaemonState::errorMessage, outcome.message);
         return;

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "simulated_world.h"
+#include "support/log_capture.h"
 #include "support/printing.h"
 #include "support/waiting.h"
 
 #include <QDirIterator>
 #include <QFileInfo>
 
-// An auth key stands in the tool's argument list, in what the tool prints back, and nowhere else.
+// An auth key stands in the tool's argument list, in what the tool prints back, and nowhere else,
+// with every category of the log switched on.
 
 namespace tarnwick {
 
@@ -24,8 +26,11 @@ protected:
 
     /// Every file that the controller may have written, and what this process has printed.
     QByteArray everythingWritten() const {
-        QByteArray everything = QByteArray::fromStdString(testing::internal::GetCapturedStdout() +
-                                                          testing::internal::GetCapturedStderr());
+        const QByteArray log = log_.text();
+        EXPECT_TRUE(log.contains("--authkey")) << "the log-in is in the log";
+        QByteArray everything =
+            log + QByteArray::fromStdString(testing::internal::GetCapturedStdout() +
+                                            testing::internal::GetCapturedStderr());
         const QString root = QFileInfo(world_.homeDir()).path();
         QDirIterator files(root, QDir::Files | QDir::Hidden | QDir::System,
                            QDirIterator::Subdirectories);
@@ -38,6 +43,7 @@ protected:
         return everything;
     }
 
+    const test::LogCapture log_{u"*=true"_s};
     const QString secret_ = u"twkey-a-secret-of-mine"_s;
 };
 
