@@ -4,7 +4,6 @@
 #include "desktop/activation_token.h"
 #include "platform/service_addresses.h"
 #include "ui/style/menu_bar_icon.h"
-#include "ui/style/network_glyph_icon.h"
 #include "ui/windows/update_alert.h"
 #include "update/update_dialog.h"
 

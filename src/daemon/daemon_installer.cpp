@@ -3,7 +3,7 @@
 
 #include "daemon/command_runner.h"
 #include "platform/child_process.h"
-#include "platform/main_queue.h"
+#include "platform/queues.h"
 #include "platform/system_calls.h"
 
 #include <QDeadlineTimer>

@@ -2,7 +2,7 @@
 #include "daemon/daemon_manager.h"
 
 #include "platform/logging.h"
-#include "platform/main_queue.h"
+#include "platform/queues.h"
 #include "platform/system_calls.h"
 
 #include <QCoreApplication>

@@ -8,7 +8,7 @@
 #include "daemon/refresh_bookkeeping.h"
 #include "daemon/remembered_details.h"
 #include "daemon/status_reading.h"
-#include "platform/serial_queue.h"
+#include "platform/queues.h"
 
 #include <QSettings>
 #include <QTimer>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/status_area.h"
-#include "platform/main_queue.h"
+#include "platform/queues.h"
 
 #include <QPointer>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "update/background_fetch.h"
 
-#include "platform/main_queue.h"
+#include "platform/queues.h"
 
 #include <QPointer>
 #include <QThread>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/serial_queue.h"
+#include "platform/queues.h"
 #include "update/manifest_fetcher.h"
 
 #include <QObject>

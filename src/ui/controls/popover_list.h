@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/controls/elided_label.h"
+#include "ui/controls/labels.h"
 #include "ui/controls/overlay_scroll_area.h"
 #include "ui/controls/row_list.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/controls/wrapped_label.h"
+#include "ui/controls/labels.h"
 
 #include <QScrollArea>
 

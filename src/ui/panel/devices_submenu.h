@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/controls/elided_label.h"
+#include "ui/controls/labels.h"
 #include "ui/controls/popover_row.h"
 #include "ui/panel/panel_content.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/panel/panel_sections.h"
 
-#include "ui/controls/selectable_label.h"
+#include "ui/controls/labels.h"
 #include "ui/style/row_painting.h"
 #include "ui/style/symbol.h"
 

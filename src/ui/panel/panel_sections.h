@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/controls/elided_label.h"
-#include "ui/controls/styled_label.h"
-#include "ui/controls/wrapped_label.h"
+#include "ui/controls/labels.h"
 #include "ui/panel/panel_content.h"
 #include "ui/style/colors.h"
 #include "ui/style/text_style.h"

@@ -9,6 +9,12 @@
 
 namespace tarnwick {
 
+/// The hub and its six satellites in light grey with a dark outline, legible on dark and on light
+/// panels without tinting.
+///
+/// `themeName` is for status areas that prefer a themed icon, which they can tint; "" for none.
+QIcon networkGlyphIcon(const QString& themeName);
+
 /// The menu-bar icon: a PNG file as base64 text, 36 x 36 pixels for a display size of 18 x 18.
 extern const char* const menuBarIconText;
 

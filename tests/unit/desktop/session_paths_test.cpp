@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/session_paths.h"
+#include "desktop/session_environment.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/main_queue.h"
+#include "platform/queues.h"
 #include "support/printing.h"
 #include "support/waiting.h"
 #include "ui/controls/scrolling_text.h"

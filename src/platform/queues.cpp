@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "platform/serial_queue.h"
+#include "platform/queues.h"
 
+#include <QCoreApplication>
 #include <QObject>
 #include <QThread>
 
 #include <chrono>
+#include <memory>
+#include <utility>
 
 namespace tarnwick {
 
@@ -13,6 +16,20 @@ namespace {
 constexpr auto leavingTimeout = std::chrono::milliseconds(500);
 
 } // namespace
+
+void postToMainQueue(std::function<void()> work) {
+    auto* application = QCoreApplication::instance();
+    if (application == nullptr)
+        return;
+    // invokeMethod() holds a copy until it returns, when the main thread may have finished already:
+    // the work is moved out of it, so that the main thread is always the one that destroys it.
+    const auto box = std::make_shared<std::function<void()>>(std::move(work));
+    const auto unpack = [box] {
+        const auto taken = std::exchange(*box, nullptr);
+        taken();
+    };
+    QMetaObject::invokeMethod(application, unpack, Qt::QueuedConnection);
+}
 
 SerialQueue::SerialQueue(const QString& label, std::function<void()> prepare)
     : thread_(std::make_unique<QThread>()), context_(std::make_unique<QObject>()) {

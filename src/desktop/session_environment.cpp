@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/session_paths.h"
+#include "desktop/session_environment.h"
 
 #include <QStandardPaths>
 
@@ -35,6 +35,15 @@ SessionPaths SessionPaths::in(const QString& runtimeDir, const QProcessEnvironme
 SessionPaths SessionPaths::ofThisSession() {
     return in(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation),
               QProcessEnvironment::systemEnvironment());
+}
+
+QString preferredQtPlatforms(const QProcessEnvironment& environment) {
+    const auto isSet = [&environment](const QString& name) {
+        return !environment.value(name).isEmpty();
+    };
+    if (isSet(u"QT_QPA_PLATFORM"_s) || !isSet(u"WAYLAND_DISPLAY"_s) || !isSet(u"DISPLAY"_s))
+        return {};
+    return u"xcb;wayland"_s;
 }
 
 } // namespace tarnwick

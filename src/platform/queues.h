@@ -11,6 +11,10 @@ class QThread;
 
 namespace tarnwick {
 
+/// Runs `work` on the main thread, in a later turn of its event loop, in the order posted. Any
+/// thread. Once the application object is gone the work is dropped.
+void postToMainQueue(std::function<void()> work);
+
 /// One background thread that runs its tasks one after another, in the order of async().
 ///
 /// The destructor waits half a second for the task that is running: one that blocks is expected to
