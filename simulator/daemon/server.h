@@ -27,6 +27,8 @@ public:
     explicit Server(Simulator& simulator,
                     std::chrono::milliseconds timeout = std::chrono::seconds(10));
     ~Server() override;
+    Server(const Server&) = delete;
+    Server& operator=(const Server&) = delete;
 
     /// Creates the directory, replaces a dead daemon's socket, and listens. Returns an error
     /// message or "".

@@ -29,7 +29,7 @@ void openWebsite() {
 } // namespace
 
 TarnwickApp::TarnwickApp(const QString& launchSocket, DaemonManagerOptions options,
-                         std::optional<UpdateServiceOptions> updateOptions)
+                         const std::optional<UpdateServiceOptions>& updateOptions)
     : daemon_(DaemonManager::create(std::move(options))), platform_(hostPlatform()),
       launches_(launchSocket),
       updates_(updateOptions.value_or(UpdateServiceOptions{

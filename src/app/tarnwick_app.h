@@ -29,7 +29,7 @@ public:
     /// Starts polling the daemon and waits for a status area. Second launches connect to
     /// `launchSocket`. Main thread, with a QApplication.
     explicit TarnwickApp(const QString& launchSocket, DaemonManagerOptions options = {},
-                         std::optional<UpdateServiceOptions> updateOptions = {});
+                         const std::optional<UpdateServiceOptions>& updateOptions = {});
     ~TarnwickApp() override;
     TarnwickApp(const TarnwickApp&) = delete;
     TarnwickApp& operator=(const TarnwickApp&) = delete;

@@ -22,13 +22,14 @@ void ActionsView::setContent(const PanelContent::Actions& content) {
 
 void ActionsView::addAction(const PanelContent::Action& action) {
     constexpr int dividerPadding = 4;
-    if (const auto* picker = std::get_if<PanelContent::ProfilePicker>(&action))
+    if (const auto* picker = std::get_if<PanelContent::ProfilePicker>(&action)) {
         add<ProfilePickerRow>(u"picker/"_s + picker->key, *picker, perform_);
-    else if (const auto* button = std::get_if<PanelContent::Button>(&action))
-        add<MenuButton>(u"button/"_s + QString::number(int(button->command.kind)), *button,
-                        perform_);
-    else
+    } else if (const auto* button = std::get_if<PanelContent::Button>(&action)) {
+        const QString key = u"button/"_s + QString::number(int(button->command.kind));
+        add<MenuButton>(key, *button, perform_);
+    } else {
         addDivider(dividerPadding);
+    }
 }
 
 } // namespace tarnwick
