@@ -61,8 +61,9 @@ TEST_F(TarnwickAppTest, EveryCommandToTheDaemonReachesTheTool) {
     };
     for (const auto& [command, arguments] : expected) {
         app.perform(command);
-        EXPECT_TRUE(waitUntil([&] { return world_.tool.commands().contains(arguments); }))
-            << qPrintable(arguments.join(u' '));
+        EXPECT_TRUE(waitUntil([this, &wanted = arguments] {
+            return world_.tool.commands().contains(wanted);
+        })) << qPrintable(arguments.join(u' '));
     }
 }
 
