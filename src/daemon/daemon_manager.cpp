@@ -91,12 +91,14 @@ void DaemonManager::beginRefresh(bool forceProfiles, Completion completion) {
             completion();
         return;
     }
+    attribution_.refreshBegins();
     const bool readsProfiles = refresh_.shouldReadProfiles(
         forceProfiles, state().profiles.isEmpty(), RefreshBookkeeping::Clock::now);
     workQueue_.async([weak = weak_from_this(), runner = runner_, readsProfiles,
+                      known = attribution_.settledDetails(),
                       completion = std::move(completion)]() mutable {
         const auto reading =
-            weak.expired() ? StatusReading() : StatusReading::take(runner, readsProfiles);
+            weak.expired() ? StatusReading() : StatusReading::take(runner, readsProfiles, known);
         postToMainQueue([weak, reading, completion = std::move(completion)] {
             if (const auto self = weak.lock())
                 self->finishRefresh(reading, completion);
@@ -108,6 +110,7 @@ void DaemonManager::finishRefresh(const StatusReading& reading, const Completion
     if (reading.profiles) {
         details_.prune(*reading.profiles);
         published_.set(&DaemonState::profiles, details_.enrich(*reading.profiles));
+        attribution_.listWasRead(*reading.profiles);
         refresh_.profilesWereRead(RefreshBookkeeping::Clock::now());
     }
     if (reading.status)
@@ -136,15 +139,21 @@ void DaemonManager::publish(const StatusResponse& status, const QList<DeviceInfo
     published_.set(&DaemonState::isConnected, status.isConnected());
     published_.set(&DaemonState::ipAddress, status.ipAddress());
     published_.set(&DaemonState::hostname, status.hostname());
-    // A poll queued behind a switch or a log-in reports the new network while the list still marks
-    // the old one, whose details it must not replace. The forced refresh that follows reads both.
-    if (state().isConnected && refresh_.profilesAreOfThisStatus() &&
-        details_.rememberCurrent(state().profiles, {state().ipAddress, state().hostname}))
-        published_.set(&DaemonState::profiles, details_.enrich(state().profiles));
+    if (state().isConnected)
+        rememberDetails();
     clearErrorMessage();
     published_.set(&DaemonState::devices, sortedDevices);
     qCInfo(daemonLog) << "status" << state().backendState << "connected" << state().isConnected
                       << "devices" << sortedDevices.size() << "profiles" << state().profiles.size();
+}
+
+void DaemonManager::rememberDetails() {
+    const NetworkProfileDetails details = {state().ipAddress, state().hostname};
+    const auto id = attribution_.ownerOf(details, state().profiles);
+    if (!id || !details_.remember(*id, details))
+        return;
+    attribution_.detailsWereRemembered(*id);
+    published_.set(&DaemonState::profiles, details_.enrich(state().profiles));
 }
 
 // The frame of every command: `work` runs on the queue with values only, for a worker that held
@@ -172,8 +181,7 @@ void DaemonManager::disconnect() {
 }
 
 void DaemonManager::switchProfile(const QString& id) {
-    details_.setPendingProfile(id);
-    refresh_.currentProfileMayChange();
+    attribution_.switchWasQueued(id);
     perform(ConnectionCommands::switchProfile(id), &DaemonManager::finishConnecting);
 }
 
@@ -184,7 +192,7 @@ void DaemonManager::finishConnecting(const QByteArray& output) {
 
 void DaemonManager::connectWithAuthKey(const QString& authKey, const QString& deviceName,
                                        Completion completion) {
-    refresh_.currentProfileMayChange();
+    attribution_.logInWasQueued();
     perform(ConnectionCommands::logIn(authKey, deviceName, nudgeDaemon_),
             [completion = std::move(completion)](DaemonManager& self, const QByteArray& output) {
                 self.showFailure(output);

@@ -4,6 +4,7 @@
 #include "daemon/command_runner.h"
 #include "daemon/connection_commands.h"
 #include "daemon/daemon_installer.h"
+#include "daemon/profile_attribution.h"
 #include "daemon/published_state.h"
 #include "daemon/refresh_bookkeeping.h"
 #include "daemon/remembered_details.h"
@@ -94,6 +95,7 @@ private:
     void finishRefresh(const StatusReading& reading, const Completion& completion);
     void publishStopped();
     void publish(const StatusResponse& status, const QList<DeviceInfo>& sortedDevices);
+    void rememberDetails();
 
     void perform(ToolWork work, CommandHandler handle);
     void finishConnecting(const QByteArray& output);
@@ -107,6 +109,7 @@ private:
     const CommandLine nudgeDaemon_;
     const Timing timing_;
     RememberedDetails details_;
+    ProfileAttribution attribution_;
     RefreshBookkeeping refresh_;
     QTimer statusTimer_;
 

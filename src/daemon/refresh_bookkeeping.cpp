@@ -11,18 +11,12 @@ bool RefreshBookkeeping::begin(bool forceProfiles) {
         return false;
     }
     isRefreshing_ = true;
-    refreshGeneration_ = generation_;
     return true;
 }
 
 bool RefreshBookkeeping::end() {
     isRefreshing_ = false;
     return std::exchange(pendingForceProfileRefresh_, false);
-}
-
-void RefreshBookkeeping::profilesWereRead(Clock::time_point now) {
-    lastProfileRefresh_ = now;
-    profilesGeneration_ = refreshGeneration_;
 }
 
 bool RefreshBookkeeping::isProfileListOld(Clock::time_point now) const {

@@ -8,7 +8,7 @@ namespace tarnwick {
 
 /// Which refresh requests run, and what a refresh reads: at most one at a time, any number of
 /// forced requests meanwhile become one more afterwards, and the profile list is re-read when it
-/// is forced, empty or old. Knows, too, whether that list is of the same network as the status.
+/// is forced, empty or old.
 ///
 /// Main thread only; that alone keeps refreshes apart.
 class RefreshBookkeeping {
@@ -28,13 +28,7 @@ public:
         return forceProfiles || isListEmpty || isProfileListOld(now());
     }
 
-    void profilesWereRead(Clock::time_point now);
-
-    /// A command has been queued after which another profile may be the current one.
-    void currentProfileMayChange() { ++generation_; }
-
-    /// Whether no such command came between the last reading of the profiles and this refresh.
-    bool profilesAreOfThisStatus() const { return profilesGeneration_ == refreshGeneration_; }
+    void profilesWereRead(Clock::time_point now) { lastProfileRefresh_ = now; }
 
     /// Ends the refresh; returns whether a forced one has to follow.
     bool end();
@@ -48,9 +42,6 @@ private:
     bool pendingForceProfileRefresh_ = false;
     std::optional<Clock::time_point> lastProfileRefresh_; ///< None: in the distant past.
     std::chrono::milliseconds profileRefreshInterval_;
-    int generation_ = 0;
-    int refreshGeneration_ = 0; ///< This refresh, or the last one.
-    int profilesGeneration_ = 0;
 };
 
 } // namespace tarnwick

@@ -4,8 +4,6 @@
 #include <QSet>
 #include <QSettings>
 
-#include <algorithm>
-
 namespace tarnwick {
 
 RememberedDetails::RememberedDetails(std::unique_ptr<QSettings> settings)
@@ -23,18 +21,12 @@ QList<NetworkProfile> RememberedDetails::enrich(QList<NetworkProfile> list) cons
     return list;
 }
 
-bool RememberedDetails::rememberCurrent(const QList<NetworkProfile>& list,
-                                        const NetworkProfileDetails& details) {
+bool RememberedDetails::remember(const QString& id, const NetworkProfileDetails& details) {
     if (details.ipAddress.isEmpty() && details.hostname.isEmpty())
         return false;
-    const auto id = currentIn(list);
-    if (!id)
-        return false;
     ProfileDetailsMap remembered = store_.load();
-    remembered.insert(*id, details);
+    remembered.insert(id, details);
     store_.save(remembered);
-    if (pendingProfile_ == id)
-        pendingProfile_.reset();
     return true;
 }
 
@@ -53,14 +45,6 @@ void RememberedDetails::prune(const QList<NetworkProfile>& list) {
         remembered.removeIf([&ids](const auto& entry) { return !ids.contains(entry.key()); });
     if (removed > 0)
         store_.save(remembered);
-}
-
-// Right after a switch the tool's list may not mark a current profile yet.
-std::optional<QString> RememberedDetails::currentIn(const QList<NetworkProfile>& list) const {
-    auto found = std::ranges::find_if(list, &NetworkProfile::isCurrent);
-    if (found == list.end() && pendingProfile_)
-        found = std::ranges::find(list, *pendingProfile_, &NetworkProfile::id);
-    return found == list.end() ? std::nullopt : std::optional(found->id);
 }
 
 } // namespace tarnwick

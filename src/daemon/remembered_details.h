@@ -8,7 +8,6 @@
 #include <QString>
 
 #include <memory>
-#include <optional>
 
 namespace tarnwick {
 
@@ -22,13 +21,8 @@ public:
     /// `list` with the details of each profile that any are remembered of.
     QList<NetworkProfile> enrich(QList<NetworkProfile> list) const;
 
-    /// A switch to that profile has been asked for: it counts as the current one in a list that
-    /// marks none, until its details are remembered.
-    void setPendingProfile(const QString& id) { pendingProfile_ = id; }
-
-    /// Remembers the details of the current profile in `list`; false when there is none, or
-    /// nothing to remember.
-    bool rememberCurrent(const QList<NetworkProfile>& list, const NetworkProfileDetails& details);
+    /// Remembers the details of a profile; false when both are empty, which is nothing to remember.
+    bool remember(const QString& id, const NetworkProfileDetails& details);
 
     void forget(const QString& id);
 
@@ -36,10 +30,7 @@ public:
     void prune(const QList<NetworkProfile>& list);
 
 private:
-    std::optional<QString> currentIn(const QList<NetworkProfile>& list) const;
-
     ProfileDetailsStore store_;
-    std::optional<QString> pendingProfile_;
 };
 
 } // namespace tarnwick

@@ -7,12 +7,23 @@ namespace tarnwick {
 
 using namespace Qt::StringLiterals;
 
-StatusReading StatusReading::take(const CommandRunner& runner, bool readsProfiles) {
+namespace {
+
+bool hasOtherDetails(const StatusResponse& status,
+                     const std::optional<NetworkProfileDetails>& known) {
+    const NetworkProfileDetails details = {status.ipAddress(), status.hostname()};
+    return status.isConnected() && details != NetworkProfileDetails() && details != known;
+}
+
+} // namespace
+
+StatusReading StatusReading::take(const CommandRunner& runner, bool readsProfiles,
+                                  const std::optional<NetworkProfileDetails>& known) {
     StatusReading reading;
     reading.status = StatusResponse::decode(runner.runCLI({u"status"_s, u"--json"_s}));
     if (reading.status)
         reading.devices = reading.status->devices();
-    if (readsProfiles)
+    if (readsProfiles || (reading.status && hasOtherDetails(*reading.status, known)))
         reading.profiles =
             parseProfileList(textFromUtf8(runner.runCLI({u"switch"_s, u"--list"_s})));
     return reading;

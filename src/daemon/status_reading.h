@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/network_profile.h"
+#include "model/profile_details_store.h"
 #include "model/status_response.h"
 
 #include <optional>
@@ -18,7 +19,11 @@ struct StatusReading {
 
     /// Runs the tool once, or twice when the profiles are wanted too. For the work queue: decoding
     /// a large network takes longer than a frame.
-    static StatusReading take(const CommandRunner& runner, bool readsProfiles);
+    ///
+    /// They are also read when this machine is connected with other details than those whose
+    /// profile is `known`: it may be in another network, though nobody has said so.
+    static StatusReading take(const CommandRunner& runner, bool readsProfiles,
+                              const std::optional<NetworkProfileDetails>& known);
 };
 
 } // namespace tarnwick
