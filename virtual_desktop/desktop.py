@@ -108,7 +108,7 @@ class Desktop(Screen):
         """Starts a private message bus and returns its address."""
         socket = self.runtime / f"{name}-bus"
         configuration = self.directory / f"{name}-bus.conf"
-        services = SERVICES if self._is_accessible else ""
+        services = SERVICES if self._is_accessible and name == "session" else ""
         configuration.write_text(BUS_CONFIGURATION.format(socket=socket, services=services),
                                  encoding="utf-8")
         self._buses[name] = self.start("dbus-daemon", f"--config-file={configuration}", "--nofork",
