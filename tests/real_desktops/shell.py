@@ -1,0 +1,148 @@
+# SPDX-License-Identifier: MIT
+"""A real desktop shell on a virtual display."""
+
+import pathlib
+import subprocess
+
+from virtual_desktop import Desktop, Screen, comes, stays, wait_until
+
+# What every desktop needs to be driven and looked at, and the portal that all of them have.
+COMMON = ("xvfb xdotool imagemagick x11-utils x11-xserver-utils dbus-daemon dbus-bin zenity "
+          "libglib2.0-bin python3 python3-pil python3-xlib fonts-dejavu-core at-spi2-core "
+          "dconf-gsettings-backend gsettings-desktop-schemas adwaita-icon-theme "
+          "xdg-desktop-portal xdg-desktop-portal-gtk")
+SIZE = (1280, 800)
+START_LIMIT = 90.0  # seconds, for a shell without a graphics card
+
+
+class Shell(Desktop):
+    """One user's session under one shell: how it is started, restarted and made dark. What differs
+    between shells is in its subclasses. `environment` is that of the session's programs; the hand and
+    the eye are on the display that the shell draws on, which may be another one."""
+
+    packages = ""
+    edge = "top"  # of the screen, at which the bar is
+    bar = 32  # its thickness, where the shell does not say
+    has_status_area = True
+    variables = {}
+    restarts = "the shell"  # what `restart` restarts
+
+    def __init__(self):
+        super().__init__(size="{}x{}".format(*SIZE), accessibility=True)
+        self.shell = None
+        self.hand = None  # whose mouse, keys and pictures are used
+
+    def _start(self):
+        self.environment.update(self.variables)
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = self.start_bus("session")
+        self.environment["DBUS_SYSTEM_BUS_ADDRESS"] = self.start_bus("system")
+        self.environment["DISPLAY"] = self._start_display()
+        self.hand = Screen(self.directory, dict(self.environment))
+        self.announce_environment()
+        self._keep_the_client_from_starting()
+        self.set_dark(False)
+        self.start_shell()
+        self.wait_for_picture()
+
+    def _keep_the_client_from_starting(self):
+        """At log-in, as its package has it: what it changes on the screen is to be seen."""
+        entry = self.home / ".config/autostart/tarnwick-client.desktop"
+        entry.parent.mkdir(parents=True)
+        entry.write_text("[Desktop Entry]\nType=Application\nHidden=true\n", encoding="utf-8")
+
+    def announce_environment(self):
+        """What the session bus starts is to know the displays too."""
+        self.run("dbus-update-activation-environment", "--all", check=True)
+
+    def start_shell(self):
+        raise NotImplementedError
+
+    def restart(self):
+        """Restarts what shows the icon, as after a crash."""
+        raise NotImplementedError
+
+    def set_dark(self, dark):
+        """The setting that the settings portal passes on to programs."""
+        scheme = "prefer-dark" if dark else "default"
+        self.run("gsettings", "set", "org.gnome.desktop.interface", "color-scheme", scheme, check=True)
+
+    def portal_scheme(self):
+        """What the settings portal answers programs that ask: "1" when dark is preferred."""
+        answer = self.run("gdbus", "call", "--session", "--dest", "org.freedesktop.portal.Desktop",
+                          "--object-path", "/org/freedesktop/portal/desktop", "--method",
+                          "org.freedesktop.portal.Settings.Read", "org.freedesktop.appearance",
+                          "color-scheme")
+        return "".join(letter for letter in answer.replace("uint32", "") if letter.isdigit())
+
+    def wait_for_picture(self):
+        """Until the shell has drawn something and stands still."""
+        path = self.directory / "ready.png"
+
+        def picture():
+            self.hand.screenshot(path)
+            data = self.run("convert", path, "-resize", "64x40!", "-depth", 8, "-format", "%k %#", "info:")
+            colors, digest = data.split()
+            return digest if int(colors) > 4 else None
+
+        def is_still():
+            first = picture()
+            return first and stays(lambda: picture() == first, 2.0, step=0.5)
+
+        wait_until(is_still, "the shell to draw its bar", START_LIMIT, 0.5, self.describe)
+
+    def has_host(self):
+        """Whether a status area shows items of the notifier's kind."""
+        return "true" in self.run(
+            "gdbus", "call", "--session", "--dest", "org.kde.StatusNotifierWatcher", "--object-path",
+            "/StatusNotifierWatcher", "--method", "org.freedesktop.DBus.Properties.Get",
+            "org.kde.StatusNotifierWatcher", "IsStatusNotifierHostRegistered")
+
+    def wait_for_host(self):
+        wait_until(self.has_host, "a status area", START_LIMIT, 0.5, self.describe)
+
+    def bar_thickness(self):
+        """From the work area, where the shell publishes one."""
+        words = self.run("xprop", "-root", "_NET_WORKAREA").replace(",", "").split()
+        values = [int(word) for word in words if word.isdigit()]
+        if len(values) < 4:
+            return self.bar
+        _, top, _, height = values[:4]
+        thickness = top if self.edge == "top" else SIZE[1] - top - height
+        return thickness if 0 < thickness < 100 else self.bar
+
+    def other_window_environment(self):
+        """For a window that is of the session's usual kind."""
+        return {}
+
+    def describe(self):
+        return {process.log.name: process.output()[-2000:] for process in self.processes}
+
+    def version(self):
+        """Of the package that is the shell."""
+        run = subprocess.run(["dpkg-query", "-W", "-f", "${Version}", self.packages.split()[0]],
+                             stdout=subprocess.PIPE, text=True, check=False)
+        return run.stdout
+
+
+class XShell(Shell):
+    """A shell that draws on the X display itself."""
+
+    variables = {"XDG_SESSION_TYPE": "x11"}
+
+
+class NestedShell(Shell):
+    """A Wayland compositor with its output in a window on the X display; X programs of the session
+    have another display, Xwayland's."""
+
+    variables = {"XDG_SESSION_TYPE": "wayland"}
+
+    def wait_for_displays(self, environment):
+        """Takes over what the compositor made known to its children."""
+        self.environment.update(environment)
+        self.announce_environment()
+        wait_until(lambda: comes(lambda: "WIDTH" in self.run("xdotool", "getdisplaygeometry", "--shell"), 5),
+                   "Xwayland", START_LIMIT, 0.5, self.describe)
+
+    def x_displays(self):
+        """The names of those that exist."""
+        return {f":{path.name[1:]}" for path in pathlib.Path("/tmp/.X11-unix").glob("X*")}

@@ -1,0 +1,81 @@
+# SPDX-License-Identifier: MIT
+"""Tries the client in one session: try_session.py NAME FOLDER leaves its row of the matrix and its
+pictures in the folder; try_session.py --packages NAME prints what to install first."""
+
+import pathlib
+import shutil
+import subprocess
+import sys
+import time
+
+from checks import CHECKS
+from sessions import SESSIONS
+from trial import No, Trial
+
+
+def one_check(check, trial):
+    """Returns the cell: whether it holds, and what was measured or found instead."""
+    try:
+        return True, check(trial)
+    except No as found:
+        return False, str(found)
+    except (OSError, TimeoutError, subprocess.SubprocessError) as problem:
+        return False, f"{type(problem).__name__}: {problem}"[:300]
+
+
+def all_checks(trial):
+    cells = {}
+    for name, check in CHECKS.items():
+        began = time.monotonic()
+        cells[name] = one_check(check, trial)
+        holds, text = cells[name]
+        print(f"  {name}: {'yes' if holds else 'NO'}: {text} ({time.monotonic() - began:.1f} s)", flush=True)
+        if trial.icon is None:
+            break
+    return cells
+
+
+def row(name, cells):
+    marks = ["yes" if cells[check][0] else "**no**" if check in cells else "-" for check in CHECKS]
+    return f"| {name} | " + " | ".join(marks) + " |\n"
+
+
+def try_session(name, folder):
+    _, shell_class = SESSIONS[name]
+    shell = shell_class()
+    began = time.monotonic()
+    try:
+        try:
+            shell.__enter__()
+        except (OSError, TimeoutError, subprocess.SubprocessError) as problem:
+            (folder / "row").write_text(f"| {name} |" + " not run |" * len(CHECKS) + "\n", encoding="utf-8")
+            (folder / "reasons").write_text(f"- {name} could not be run: {str(problem)[:1500]}\n", encoding="utf-8")
+            raise
+        print(f"{name}: {shell.version()}, up after {time.monotonic() - began:.0f} s", flush=True)
+        with Trial(shell, folder) as trial:
+            cells = all_checks(trial)
+    finally:
+        for process in shell.processes:
+            shutil.copy(process.log, folder)
+        shell.stop()
+    (folder / "row").write_text(row(name, cells), encoding="utf-8")
+    (folder / "reasons").write_text("".join(
+        f"- {name}, {check}: {text}\n" for check, (holds, text) in cells.items() if not holds),
+        encoding="utf-8")
+    return all(holds for holds, _ in cells.values())
+
+
+def main():
+    if sys.argv[1] == "--packages":
+        print(SESSIONS[sys.argv[2]][1].packages)
+    elif sys.argv[1] == "--list":
+        for name, (suite, _) in SESSIONS.items():
+            print(name, suite)
+    else:
+        folder = pathlib.Path(sys.argv[2]).resolve()
+        folder.mkdir(parents=True, exist_ok=True)
+        sys.exit(0 if try_session(sys.argv[1], folder) else 1)
+
+
+if __name__ == "__main__":
+    main()
