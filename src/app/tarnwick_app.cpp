@@ -35,7 +35,12 @@ TarnwickApp::TarnwickApp(const QString& launchSocket, DaemonManagerOptions optio
       updates_(updateOptions.value_or(UpdateServiceOptions{
           UpdateService::manifestURL(),
           UpdateService::installedVersion(platform_, DaemonManagerOptions::executableDir())})),
-      presenter_([this] { return makePanel(); }) {
+      presenter_([this] { return makePanel(); }), failureNotification_([this](const QString& text) {
+          if (icon_)
+              icon_->showMessage(text);
+      }) {
+    daemon_->setCommandEnded(
+        [this](const std::optional<QString>& failure) { showOutcome(failure); });
     QObject::connect(&signals_, &TerminationSignals::received, qApp,
                      [] { QCoreApplication::exit(0); });
     QObject::connect(&wakeUp_, &WakeUp::woke, this, [this] { daemon_->startStatusPolling(); });
@@ -48,7 +53,9 @@ TarnwickApp::TarnwickApp(const QString& launchSocket, DaemonManagerOptions optio
     });
 }
 
-TarnwickApp::~TarnwickApp() = default;
+TarnwickApp::~TarnwickApp() {
+    daemon_->setCommandEnded({});
+}
 
 std::unique_ptr<MenuBarView> TarnwickApp::makePanel() {
     QApplication::setWindowIcon(QIcon::fromTheme(u"tarnwick-client"_s, networkGlyphIcon({})));
@@ -117,6 +124,13 @@ void TarnwickApp::showOnRequest(const QByteArray& activationToken) {
     else
         presenter_.openAsWindow();
     qunsetenv("XDG_ACTIVATION_TOKEN"); // what we start later has no claim to it
+}
+
+void TarnwickApp::showOutcome(const std::optional<QString>& failure) {
+    if (failure)
+        failureNotification_.show(*failure);
+    else
+        failureNotification_.withdraw();
 }
 
 std::optional<QRect> TarnwickApp::iconGeometry() const {

@@ -3,6 +3,7 @@
 
 #include "app/panel_presenter.h"
 #include "daemon/daemon_manager.h"
+#include "desktop/failure_notification.h"
 #include "desktop/single_instance_channel.h"
 #include "desktop/status_area.h"
 #include "desktop/termination_signals.h"
@@ -47,6 +48,7 @@ private:
     void showIcon();
     void showOnRequest(const QByteArray& activationToken);
     std::optional<QRect> iconGeometry() const;
+    void showOutcome(const std::optional<QString>& failure);
 
     const std::shared_ptr<DaemonManager> daemon_;
     const Platform platform_;
@@ -61,6 +63,7 @@ private:
     PanelPresenter presenter_;
     StatusArea statusArea_;
     std::unique_ptr<TrayIcon> icon_; ///< Null until there is a status area.
+    FailureNotification failureNotification_;
 };
 
 } // namespace tarnwick

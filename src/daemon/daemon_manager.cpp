@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "daemon/daemon_manager.h"
 
+#include "daemon/failure_text.h"
 #include "platform/logging.h"
 #include "platform/queues.h"
 #include "platform/system_calls.h"
@@ -14,6 +15,12 @@ namespace tarnwick {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+std::optional<QString> failureIn(const QByteArray& output, const QString& secret = {}) {
+    if (!hasCommandError(output))
+        return std::nullopt;
+    return failureText(textFromUtf8(output), secret);
+}
 
 // Without fallbacks: what another program or the administrator stores is none of ours.
 std::unique_ptr<QSettings> userSettings(const Platform& platform) {
@@ -176,8 +183,11 @@ void DaemonManager::connect() {
 }
 
 void DaemonManager::disconnect() {
-    perform(ConnectionCommands::disconnect(),
-            [](DaemonManager& self, const QByteArray&) { self.refreshStatus(true); });
+    perform(ConnectionCommands::disconnect(), [](DaemonManager& self, const QByteArray& output) {
+        if (!hasCommandError(output))
+            self.report(std::nullopt);
+        self.refreshStatus(true);
+    });
 }
 
 void DaemonManager::switchProfile(const QString& id) {
@@ -187,6 +197,7 @@ void DaemonManager::switchProfile(const QString& id) {
 
 void DaemonManager::finishConnecting(const QByteArray& output) {
     showFailure(output);
+    report(failureIn(output));
     refreshStatus(true);
 }
 
@@ -194,22 +205,27 @@ void DaemonManager::connectWithAuthKey(const QString& authKey, const QString& de
                                        Completion completion) {
     attribution_.logInWasQueued();
     perform(ConnectionCommands::logIn(authKey, deviceName, nudgeDaemon_),
-            [completion = std::move(completion)](DaemonManager& self, const QByteArray& output) {
+            [authKey, completion = std::move(completion)](DaemonManager& self,
+                                                          const QByteArray& output) {
                 self.showFailure(output);
-                self.refreshStatus(true, [weak = self.weak_from_this(), output, completion] {
-                    if (const auto manager = weak.lock())
-                        manager->finishLogin(output, completion);
-                });
+                const auto failure = failureIn(output, authKey);
+                self.refreshStatus(true,
+                                   [weak = self.weak_from_this(), output, failure, completion] {
+                                       if (const auto manager = weak.lock())
+                                           manager->finishLogin(output, failure, completion);
+                                   });
             });
 }
 
 // The refresh before this has cleared the message if the daemon answers at all: a refused log-in
 // has to be shown again, unless the machine is connected all the same.
-void DaemonManager::finishLogin(const QByteArray& output, const Completion& completion) {
+void DaemonManager::finishLogin(const QByteArray& output, const std::optional<QString>& failure,
+                                const Completion& completion) {
     if (state().isConnected)
         clearErrorMessage();
     else
         showFailure(output);
+    report(state().isConnected ? std::nullopt : failure);
     if (completion)
         completion();
 }
@@ -222,11 +238,13 @@ void DaemonManager::removeProfile(const QString& id) {
 
 void DaemonManager::finishRemoval(const QString& id, const QByteArray& output) {
     if (hasCommandError(output)) {
-        published_.set(&DaemonState::errorMessage, output.isEmpty()
-                                                       ? u"Failed to remove profile "_s + id
-                                                       : textFromUtf8(output));
+        const QString message =
+            output.isEmpty() ? u"Failed to remove profile "_s + id : textFromUtf8(output);
+        published_.set(&DaemonState::errorMessage, message);
+        report(failureText(message));
         return;
     }
+    report(std::nullopt);
     details_.forget(id);
     QList<NetworkProfile> remaining = state().profiles;
     remaining.removeIf([&id](const NetworkProfile& profile) { return profile.id == id; });
@@ -265,6 +283,11 @@ void DaemonManager::finishInstallation(const DaemonInstaller::Outcome& outcome) 
 void DaemonManager::showFailure(const QByteArray& output) {
     if (hasCommandError(output))
         published_.set(&DaemonState::errorMessage, textFromUtf8(output));
+}
+
+void DaemonManager::report(const std::optional<QString>& failure) const {
+    if (commandEnded_)
+        commandEnded_(failure);
 }
 
 void DaemonManager::clearErrorMessage() {

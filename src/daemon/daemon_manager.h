@@ -17,6 +17,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace tarnwick {
 
@@ -44,6 +45,9 @@ class DaemonManager : public std::enable_shared_from_this<DaemonManager> {
 public:
     using Completion = std::function<void()>;
 
+    /// Why a command of the user's has failed, as text for a notification; none when it worked.
+    using CommandEnded = std::function<void(const std::optional<QString>& failure)>;
+
     /// Makes a controller whose status poll is already running. Main thread.
     static std::shared_ptr<DaemonManager> create(DaemonManagerOptions options = {});
     ~DaemonManager();
@@ -55,6 +59,10 @@ public:
 
     /// The same, with the announcements of its changes.
     const PublishedState& published() const { return published_; }
+
+    /// Has the outcome of each command of the user's reported, on the main thread. Refreshes are
+    /// none, and a failed disconnection is not reported, as it shows no message either.
+    void setCommandEnded(CommandEnded commandEnded) { commandEnded_ = std::move(commandEnded); }
 
     /// Refreshes at once and then every five seconds; called again, it starts over.
     void startStatusPolling();
@@ -99,12 +107,15 @@ private:
 
     void perform(ToolWork work, CommandHandler handle);
     void finishConnecting(const QByteArray& output);
-    void finishLogin(const QByteArray& output, const Completion& completion);
+    void finishLogin(const QByteArray& output, const std::optional<QString>& failure,
+                     const Completion& completion);
     void finishRemoval(const QString& id, const QByteArray& output);
     void finishInstallation(const DaemonInstaller::Outcome& outcome);
     void showFailure(const QByteArray& output);
+    void report(const std::optional<QString>& failure) const;
 
     PublishedState published_;
+    CommandEnded commandEnded_; ///< Empty when nobody wants to know.
 
     const CommandLine nudgeDaemon_;
     const Timing timing_;

@@ -8,10 +8,6 @@
 
 namespace tarnwick {
 
-/// What a notification says of a failed command: the tool's output on one line, without control
-/// characters, cut to a length that notifications show, and with `secret` made unreadable.
-QString failureText(const QString& output, const QString& secret = {});
-
 /// The desktop's notification that a command of the user's has failed: at most one at a time. Main
 /// thread, which it never blocks; where the desktop has no notifications nothing is shown.
 class FailureNotification {

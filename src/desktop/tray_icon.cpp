@@ -30,6 +30,10 @@ std::optional<QRect> TrayIcon::geometry() const {
     return rect;
 }
 
+void TrayIcon::showMessage(const QString& text) {
+    icon_.showMessage(u"Tarnwick Network"_s, text, QSystemTrayIcon::Warning);
+}
+
 void TrayIcon::makeMenu() {
     menu_ = std::make_unique<QMenu>();
     QObject::connect(menu_->addAction(u"Open Tarnwick Network"_s), &QAction::triggered, this,

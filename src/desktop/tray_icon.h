@@ -27,6 +27,9 @@ public:
     /// it.
     std::optional<QRect> geometry() const;
 
+    /// Shows a notification that comes from the icon.
+    void showMessage(const QString& text);
+
 Q_SIGNALS:
     void clicked();
     void openChosen(); ///< In the context menu.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/failure_notification.h"
+#include "daemon/failure_text.h"
 
 namespace tarnwick {
 
