@@ -1,0 +1,90 @@
+# SPDX-License-Identifier: MIT
+"""A desktop's notification service, which shows nothing and keeps what it was asked to show."""
+
+import threading
+
+from gi.repository import Gio, GLib
+
+from virtual_desktop import TIME_LIMIT
+
+NAME = "org.freedesktop.Notifications"
+PATH = "/org/freedesktop/Notifications"
+DESCRIPTION = f"""
+<node><interface name="{NAME}">
+  <method name="GetCapabilities"><arg type="as" direction="out"/></method>
+  <method name="Notify">
+    <arg type="s" direction="in"/><arg type="u" direction="in"/><arg type="s" direction="in"/>
+    <arg type="s" direction="in"/><arg type="s" direction="in"/><arg type="as" direction="in"/>
+    <arg type="a{{sv}}" direction="in"/><arg type="i" direction="in"/>
+    <arg type="u" direction="out"/>
+  </method>
+  <method name="CloseNotification"><arg type="u" direction="in"/></method>
+</interface></node>
+"""
+
+
+class NotificationService:
+    """Runs on a thread of its own. One that `hangs` is there, and answers nothing."""
+
+    def __init__(self, bus_address, capabilities=("body",), hangs=False):
+        self.shown = {}  # the texts by their ids
+        self.asked = []  # (method, arguments) of every call
+        self._capabilities, self._hangs = list(capabilities), hangs
+        self._last_id = 40
+        self._unanswered = []
+        self._context = GLib.MainContext()
+        self._loop = GLib.MainLoop(self._context)
+        self._ready = threading.Event()
+        self._thread = threading.Thread(target=self._run, args=(bus_address,), daemon=True)
+        self._thread.start()
+        if not self._ready.wait(TIME_LIMIT):
+            raise TimeoutError("the notification service did not start")
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self._loop.quit()
+        self._thread.join(TIME_LIMIT)
+
+    def _run(self, bus_address):
+        self._context.push_thread_default()
+        flags = Gio.DBusConnectionFlags
+        bus = Gio.DBusConnection.new_for_address_sync(
+            bus_address, flags.AUTHENTICATION_CLIENT | flags.MESSAGE_BUS_CONNECTION, None, None)
+        interface = Gio.DBusNodeInfo.new_for_xml(DESCRIPTION).interfaces[0]
+        bus.register_object(PATH, interface, self._call, None, None)
+        bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                      "RequestName", GLib.Variant("(su)", (NAME, 0)), None,
+                      Gio.DBusCallFlags.NONE, int(TIME_LIMIT * 1000), None)
+        self._ready.set()
+        self._loop.run()
+        bus.close_sync(None)
+        self._context.pop_thread_default()
+
+    def _call(self, _connection, _sender, _path, _interface, method, arguments, invocation):
+        values = arguments.unpack()
+        self.asked.append((method, values))
+        if self._hangs:
+            self._unanswered.append(invocation)
+        elif method == "GetCapabilities":
+            invocation.return_value(GLib.Variant("(as)", (self._capabilities,)))
+        elif method == "Notify":
+            replaced, body = values[1], values[4]
+            self._last_id += 1
+            number = replaced if replaced in self.shown else self._last_id
+            self.shown[number] = body
+            invocation.return_value(GLib.Variant("(u)", (number,)))
+        else:
+            self.shown.pop(values[0], None)
+            invocation.return_value(None)
+
+    @property
+    def texts(self):
+        """What the user sees now."""
+        return list(self.shown.values())
+
+    @property
+    def notified(self):
+        """Every text that was to be shown, in order."""
+        return [values[4] for method, values in list(self.asked) if method == "Notify"]
