@@ -26,7 +26,7 @@ using ProfileDetailsMap = QMap<QString, NetworkProfileDetails>;
 /// The user's settings, of which the client has one: the remembered details of each profile.
 ///
 /// Main thread only. Never reports an error: what cannot be read counts as nothing remembered, and
-/// a failed save is made up for by the next one.
+/// what could not be saved is saved with the next poll.
 class ProfileDetailsStore {
 public:
     explicit ProfileDetailsStore(std::unique_ptr<QSettings> settings);
