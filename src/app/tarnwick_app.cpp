@@ -3,6 +3,7 @@
 
 #include "desktop/activation_token.h"
 #include "platform/service_addresses.h"
+#include "ui/controls/display_text.h"
 #include "ui/style/menu_bar_icon.h"
 #include "ui/windows/update_alert.h"
 #include "update/update_dialog.h"
@@ -35,10 +36,9 @@ TarnwickApp::TarnwickApp(const QString& launchSocket, DaemonManagerOptions optio
       updates_(updateOptions.value_or(UpdateServiceOptions{
           UpdateService::manifestURL(),
           UpdateService::installedVersion(platform_, DaemonManagerOptions::executableDir())})),
-      presenter_([this] { return makePanel(); }), failureNotification_([this](const QString& text) {
-          if (icon_)
-              icon_->showMessage(text);
-      }) {
+      presenter_([this] { return makePanel(); }),
+      statusArea_(MenuBarIcon::make(platform_).icon, platform_.iconMenu),
+      failureNotification_([this](const QString& text) { statusArea_.showMessage(text); }) {
     daemon_->setCommandEnded(
         [this](const std::optional<QString>& failure) { showOutcome(failure); });
     QObject::connect(&signals_, &TerminationSignals::received, qApp,
@@ -46,7 +46,7 @@ TarnwickApp::TarnwickApp(const QString& launchSocket, DaemonManagerOptions optio
     QObject::connect(&wakeUp_, &WakeUp::woke, this, [this] { daemon_->startStatusPolling(); });
     QObject::connect(&launches_, &SingleInstanceChannel::showRequested, this,
                      &TarnwickApp::showOnRequest);
-    QObject::connect(&statusArea_, &StatusArea::appeared, this, &TarnwickApp::showIcon);
+    connectIcon();
     // The autostart entry starts the program; a session manager must not restore it as well.
     QObject::connect(qApp, &QGuiApplication::commitDataRequest, this, [](QSessionManager& session) {
         session.setRestartHint(QSessionManager::RestartNever);
@@ -105,20 +105,22 @@ void TarnwickApp::showUpdateAlert(const UpdateCheckResult& result) {
     updateAlert_->present();
 }
 
-void TarnwickApp::showIcon() {
-    if (icon_)
-        return;
-    icon_ = std::make_unique<TrayIcon>(MenuBarIcon::make(platform_).icon, platform_.iconMenu);
-    QObject::connect(icon_.get(), &TrayIcon::clicked, this,
-                     [this] { presenter_.toggle(iconGeometry()); });
-    QObject::connect(icon_.get(), &TrayIcon::openChosen, this,
-                     [this] { presenter_.open(iconGeometry()); });
-    QObject::connect(icon_.get(), &TrayIcon::quitChosen, qApp, &QCoreApplication::quit);
+void TarnwickApp::connectIcon() {
+    QObject::connect(&statusArea_, &StatusArea::iconClicked, this,
+                     [this] { presenter_.toggle(statusArea_.iconGeometry()); });
+    QObject::connect(&statusArea_, &StatusArea::openChosen, this,
+                     [this] { presenter_.open(statusArea_.iconGeometry()); });
+    QObject::connect(&statusArea_, &StatusArea::quitChosen, qApp, &QCoreApplication::quit);
+    const auto showStatus = [this] {
+        statusArea_.setStatusLabel(singleLineText(daemon_->state().statusLabel()));
+    };
+    QObject::connect(&daemon_->published(), &PublishedState::changed, this, showStatus);
+    showStatus();
 }
 
 void TarnwickApp::showOnRequest(const QByteArray& activationToken) {
     const ActivationTokenScope token(activationToken);
-    const std::optional<QRect> icon = iconGeometry();
+    const std::optional<QRect> icon = statusArea_.iconGeometry();
     if (icon)
         presenter_.open(icon);
     else
@@ -131,10 +133,6 @@ void TarnwickApp::showOutcome(const std::optional<QString>& failure) {
         failureNotification_.show(*failure);
     else
         failureNotification_.withdraw();
-}
-
-std::optional<QRect> TarnwickApp::iconGeometry() const {
-    return icon_ ? icon_->geometry() : std::nullopt;
 }
 
 } // namespace tarnwick

@@ -7,7 +7,6 @@
 #include "desktop/single_instance_channel.h"
 #include "desktop/status_area.h"
 #include "desktop/termination_signals.h"
-#include "desktop/tray_icon.h"
 #include "desktop/wake_up.h"
 #include "ui/controls/held_key_filter.h"
 #include "ui/windows/auth_key_window.h"
@@ -45,9 +44,8 @@ private:
     std::unique_ptr<MenuBarView> makePanel();
     void checkForUpdates();
     void showUpdateAlert(const UpdateCheckResult& result);
-    void showIcon();
+    void connectIcon();
     void showOnRequest(const QByteArray& activationToken);
-    std::optional<QRect> iconGeometry() const;
     void showOutcome(const std::optional<QString>& failure);
 
     const std::shared_ptr<DaemonManager> daemon_;
@@ -62,7 +60,6 @@ private:
     QPointer<UpdateAlert> updateAlert_;
     PanelPresenter presenter_;
     StatusArea statusArea_;
-    std::unique_ptr<TrayIcon> icon_; ///< Null until there is a status area.
     FailureNotification failureNotification_;
 };
 

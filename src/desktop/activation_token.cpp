@@ -3,6 +3,8 @@
 
 #include <QGuiApplication>
 
+#include <algorithm>
+
 namespace tarnwick {
 
 using namespace Qt::StringLiterals;
@@ -10,6 +12,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr const char* tokenVariable = "XDG_ACTIVATION_TOKEN";
+constexpr qsizetype longestToken = 512;
+
+bool isVisible(char c) {
+    return c > ' ' && c <= '~';
+}
 
 } // namespace
 
@@ -17,6 +24,12 @@ QByteArray takeActivationToken() {
     const QByteArray token = qgetenv(tokenVariable);
     qunsetenv(tokenVariable);
     return token;
+}
+
+QByteArray acceptableActivationToken(const QByteArray& token) {
+    const bool isAcceptable =
+        token.size() <= longestToken && std::all_of(token.begin(), token.end(), isVisible);
+    return isAcceptable ? token : QByteArray();
 }
 
 // Qt has no other way to be given one; only its Wayland platform uses it.

@@ -10,6 +10,9 @@ namespace tarnwick {
 /// thread.
 QByteArray takeActivationToken();
 
+/// The token if it can be one, else "": launchers and status areas may send anything.
+QByteArray acceptableActivationToken(const QByteArray& token);
+
 /// Lets windows that are activated during its lifetime take the focus by a token. Main thread.
 class ActivationTokenScope {
 public:

@@ -1,34 +1,55 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "desktop/icon_click.h"
+
+#include <QIcon>
 #include <QObject>
+#include <QRect>
+#include <QString>
 
 #include <memory>
+#include <optional>
 
 namespace tarnwick {
 
-/// Reports when the desktop has a status area for the program's icon.
-///
-/// Qt chooses between the two kinds of status area of Linux desktops once a process, when the first
-/// tray icon is made: an icon made before the desktop is ready never shows. So it is made on
-/// appeared() and not earlier; from then on Qt follows restarts of that status area by itself.
+/// The program's icon in the desktop's status area, whenever there is one: it may come late,
+/// restart or be replaced by one of another kind.
 class StatusArea : public QObject {
     Q_OBJECT
 
 public:
-    StatusArea();
+    /// Shows `picture` from a later turn of the event loop on. `hasMenu`: whether, in status areas
+    /// that take one, the right button opens a menu.
+    StatusArea(QIcon picture, bool hasMenu);
     ~StatusArea() override;
     StatusArea(const StatusArea&) = delete;
     StatusArea& operator=(const StatusArea&) = delete;
 
+    /// Sets what the icon's tooltip says besides the program's name.
+    void setStatusLabel(const QString& label);
+
+    /// Where the icon is, in device-independent pixels; none when there is none or the status area
+    /// does not report it.
+    std::optional<QRect> iconGeometry() const;
+
+    /// Shows a notification that comes from the icon; nothing while it is at a status-notifier
+    /// host.
+    void showMessage(const QString& text);
+
 Q_SIGNALS:
-    /// There is a status area. Sent at least once after construction, in a later turn of the event
-    /// loop; never when the desktop has none.
-    void appeared();
+    /// The icon has been given to a status area; again when that restarts.
+    void iconShown();
+    /// There is no status area now; one may still come.
+    void absent();
+
+    void iconClicked(const tarnwick::IconClick& click);
+    void openChosen(); ///< In the icon's menu.
+    void quitChosen();
 
 private:
-    class Watch;
-    std::unique_ptr<Watch> watch_;
+    class Icon;
+    std::unique_ptr<Icon> icon_;
 };
 
 } // namespace tarnwick

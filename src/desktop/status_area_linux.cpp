@@ -1,53 +1,140 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/message_bus_linux.h"
 #include "desktop/status_area.h"
+#include "desktop/status_notifier_item_linux.h"
 #include "desktop/status_notifier_watcher_linux.h"
+#include "desktop/tray_icon.h"
 #include "desktop/x11_linux.h"
 #include "platform/logging.h"
 
 #include <QDebug>
 
+#include <utility>
+
 namespace tarnwick {
 
-class StatusArea::Watch {
+/// Goes to the status-notifier hosts where there are any; where a desktop has both kinds, the X
+/// tray is for old programs. Qt's icon is made only while there is an X tray and no host: with a
+/// host, Qt would make a status-notifier item of it, and decides that once a process.
+class StatusArea::Icon {
 public:
-    explicit Watch(StatusArea& area) : area_(area), bus_(MessageBus::sessionAddress()) {
+    Icon(StatusArea& area, QIcon picture, bool hasMenu)
+        : area_(area), picture_(std::move(picture)), hasMenu_(hasMenu),
+          bus_(MessageBus::sessionAddress()) {
         QObject::connect(&bus_, &MessageBus::connected, &area, [this] { askForHosts(); });
         QObject::connect(&bus_, &MessageBus::unavailable, &area, [this] {
             qCInfo(desktopLog) << "no session bus";
-            hosts_.reset();
-            announceIf(tray_.exists());
+            forgetBus();
+            takeAnswer(false);
         });
         // Queued, so that Qt handles the event first.
-        QObject::connect(&tray_, &X11Tray::appeared, &area, &StatusArea::appeared,
-                         Qt::QueuedConnection);
+        QObject::connect(
+            &xTray_, &X11Tray::appeared, &area,
+            [this] {
+                if (hasHost_ == false) // while that is unknown, its answer is waited for
+                    takeAnswer(false);
+            },
+            Qt::QueuedConnection);
+    }
+
+    void setStatusLabel(const QString& label) {
+        statusLabel_ = label;
+        if (item_)
+            item_->setStatusLabel(label);
+        if (trayIcon_)
+            trayIcon_->setStatusLabel(label);
+    }
+
+    std::optional<QRect> geometry() const {
+        return trayIcon_ ? trayIcon_->geometry() : std::nullopt;
+    }
+
+    void showMessage(const QString& text) {
+        if (trayIcon_)
+            trayIcon_->showMessage(text);
     }
 
 private:
     void askForHosts() {
         hosts_ = std::make_unique<StatusNotifierWatcher>(bus_.connection());
-        // Where a desktop has both kinds, the older one is for old programs.
-        QObject::connect(hosts_.get(), &StatusNotifierWatcher::answered, &area_, [this](bool has) {
-            qCInfo(desktopLog) << "status-notifier host:" << has;
-            announceIf(has || tray_.exists());
-        });
+        QObject::connect(hosts_.get(), &StatusNotifierWatcher::restarted, &area_,
+                         [this] { isRegistered_ = false; });
+        QObject::connect(hosts_.get(), &StatusNotifierWatcher::answered, &area_,
+                         [this](bool hasHost) { takeAnswer(hasHost); });
         hosts_->ask();
     }
 
-    void announceIf(bool hasPlace) {
-        qCInfo(desktopLog) << "place for an icon:" << hasPlace;
-        if (hasPlace)
-            Q_EMIT area_.appeared();
+    void forgetBus() {
+        hosts_.reset();
+        item_.reset();
+        isRegistered_ = false;
+    }
+
+    void takeAnswer(bool hasHost) {
+        const bool hasXTray = xTray_.exists();
+        qCInfo(desktopLog) << "status-notifier host:" << hasHost << "X tray:" << hasXTray;
+        hasHost_ = hasHost;
+        if (hasHost) {
+            trayIcon_.reset();
+            showItem();
+        } else if (hasXTray) {
+            showTrayIcon();
+        } else {
+            Q_EMIT area_.absent();
+        }
+    }
+
+    void showItem() {
+        if (!item_) {
+            item_ = std::make_unique<StatusNotifierItem>(
+                bus_.connection(), picture_,
+                [this](const IconClick& click) { Q_EMIT area_.iconClicked(click); });
+            item_->setStatusLabel(statusLabel_);
+        }
+        if (std::exchange(isRegistered_, true))
+            return;
+        item_->registerWithWatcher();
+        Q_EMIT area_.iconShown();
+    }
+
+    // Qt's icon follows restarts of the tray by itself.
+    void showTrayIcon() {
+        if (trayIcon_)
+            return;
+        trayIcon_ = std::make_unique<TrayIcon>(picture_, hasMenu_);
+        trayIcon_->setStatusLabel(statusLabel_);
+        trayIcon_->forwardTo(area_);
+        Q_EMIT area_.iconShown();
     }
 
     StatusArea& area_;
+    const QIcon picture_;
+    const bool hasMenu_;
+    QString statusLabel_;
     MessageBus bus_;
     std::unique_ptr<StatusNotifierWatcher> hosts_; ///< Null while there is no bus.
-    X11Tray tray_;
+    std::unique_ptr<StatusNotifierItem> item_;     ///< Null until there is a host.
+    std::optional<bool> hasHost_;                  ///< Nothing until it is known.
+    bool isRegistered_ = false;                    ///< With the watcher that there is now.
+    std::unique_ptr<TrayIcon> trayIcon_;
+    X11Tray xTray_;
 };
 
-StatusArea::StatusArea() : watch_(std::make_unique<Watch>(*this)) {}
+StatusArea::StatusArea(QIcon picture, bool hasMenu)
+    : icon_(std::make_unique<Icon>(*this, std::move(picture), hasMenu)) {}
 
 StatusArea::~StatusArea() = default;
+
+void StatusArea::setStatusLabel(const QString& label) {
+    icon_->setStatusLabel(label);
+}
+
+std::optional<QRect> StatusArea::iconGeometry() const {
+    return icon_->geometry();
+}
+
+void StatusArea::showMessage(const QString& text) {
+    icon_->showMessage(text);
+}
 
 } // namespace tarnwick

@@ -11,16 +11,25 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr const char* interfaceName = "org.kde.StatusNotifierWatcher";
+constexpr int answerTimeout = 3000; // milliseconds
 
 } // namespace
 
 StatusNotifierWatcher::StatusNotifierWatcher(const QDBusConnection& sessionBus)
     : QDBusAbstractInterface(u"org.kde.StatusNotifierWatcher"_s, u"/StatusNotifierWatcher"_s,
                              interfaceName, sessionBus, nullptr),
-      presence_(service(), sessionBus, QDBusServiceWatcher::WatchForRegistration) {
-    QObject::connect(&presence_, &QDBusServiceWatcher::serviceRegistered, this,
-                     &StatusNotifierWatcher::ask);
+      presence_(service(), sessionBus, QDBusServiceWatcher::WatchForOwnerChange) {
+    QObject::connect(&presence_, &QDBusServiceWatcher::serviceOwnerChanged, this,
+                     [this](const QString&, const QString&, const QString& newOwner) {
+                         Q_EMIT restarted();
+                         if (newOwner.isEmpty())
+                             Q_EMIT answered(false);
+                         else
+                             ask();
+                     });
     QObject::connect(this, &StatusNotifierWatcher::StatusNotifierHostRegistered, this,
+                     &StatusNotifierWatcher::ask);
+    QObject::connect(this, &StatusNotifierWatcher::StatusNotifierHostUnregistered, this,
                      &StatusNotifierWatcher::ask);
 }
 
@@ -29,12 +38,15 @@ void StatusNotifierWatcher::ask() {
         service(), path(), u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
     question << QString::fromLatin1(interfaceName) << u"IsStatusNotifierHostRegistered"_s;
     question.setAutoStartService(false);
-    auto* call = new QDBusPendingCallWatcher(connection().asyncCall(question), this);
+    auto* call = new QDBusPendingCallWatcher(connection().asyncCall(question, answerTimeout), this);
     QObject::connect(call, &QDBusPendingCallWatcher::finished, this,
                      [this](QDBusPendingCallWatcher* finished) {
                          const QDBusPendingReply<QVariant> reply = *finished;
                          finished->deleteLater();
                          Q_EMIT answered(reply.isValid() && reply.value().toBool());
+                         // It hangs, or is busy starting. Its end is reported otherwise.
+                         if (reply.error().type() == QDBusError::NoReply)
+                             ask();
                      });
 }
 

@@ -6,8 +6,8 @@
 
 namespace tarnwick {
 
-/// The session's registry of status-notifier hosts. Queried asynchronously, and again whenever the
-/// registry restarts or announces a new host.
+/// The session's registry of status-notifier items and hosts. Queried asynchronously, and again
+/// whenever it restarts or its hosts come or go.
 class StatusNotifierWatcher : public QDBusAbstractInterface {
     Q_OBJECT
 
@@ -18,10 +18,14 @@ public:
     void ask();
 
 Q_SIGNALS:
-    /// The signal of this name on the bus.
+    /// The signals of these names on the bus.
     void StatusNotifierHostRegistered();
+    void StatusNotifierHostUnregistered();
 
-    /// Whether a host shows icons; false when there is no registry.
+    /// The registry has gone, or another has taken its place: it knows no items.
+    void restarted();
+
+    /// Whether a host shows icons; false when there is no registry, or none that answers.
     void answered(bool hasHost);
 
 private:

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/tray_icon.h"
 
+#include "desktop/status_area.h"
+
 namespace tarnwick {
 
 using namespace Qt::StringLiterals;
 
 TrayIcon::TrayIcon(const QIcon& picture, bool hasMenu) {
     icon_.setIcon(picture);
-    // Status areas offer no text but this one to a screen reader.
-    icon_.setToolTip(u"Tarnwick Network"_s);
+    setStatusLabel({});
     if (hasMenu)
         makeMenu();
     QObject::connect(&icon_, &QSystemTrayIcon::activated, this,
@@ -32,6 +33,18 @@ std::optional<QRect> TrayIcon::geometry() const {
 
 void TrayIcon::showMessage(const QString& text) {
     icon_.showMessage(u"Tarnwick Network"_s, text, QSystemTrayIcon::Warning);
+}
+
+// Status areas offer no text but this one to a screen reader.
+void TrayIcon::setStatusLabel(const QString& label) {
+    const QString name = u"Tarnwick Network"_s;
+    icon_.setToolTip(label.isEmpty() ? name : name + u": "_s + label);
+}
+
+void TrayIcon::forwardTo(StatusArea& area) {
+    QObject::connect(this, &TrayIcon::clicked, &area, [&area] { Q_EMIT area.iconClicked({}); });
+    QObject::connect(this, &TrayIcon::openChosen, &area, &StatusArea::openChosen);
+    QObject::connect(this, &TrayIcon::quitChosen, &area, &StatusArea::quitChosen);
 }
 
 void TrayIcon::makeMenu() {

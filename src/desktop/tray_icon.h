@@ -12,7 +12,10 @@
 
 namespace tarnwick {
 
-/// The program's icon in the status area. Made only when there is one.
+class StatusArea;
+
+/// The program's icon as Qt makes it: in an X tray or in macOS's menu bar. Made only when there is
+/// one.
 class TrayIcon : public QObject {
     Q_OBJECT
 
@@ -29,6 +32,12 @@ public:
 
     /// Shows a notification that comes from the icon.
     void showMessage(const QString& text);
+
+    /// Sets what the tooltip says besides the program's name.
+    void setStatusLabel(const QString& label);
+
+    /// Makes the signals of `area` of what the user does with the icon.
+    void forwardTo(StatusArea& area);
 
 Q_SIGNALS:
     void clicked();

@@ -9,7 +9,6 @@ from virtual_desktop import TIME_LIMIT, wait_until
 
 WATCHER = "org.kde.StatusNotifierWatcher"
 ITEM = "org.kde.StatusNotifierItem"
-MENU = "com.canonical.dbusmenu"
 CALL_LIMIT = int(TIME_LIMIT * 1000)  # milliseconds
 DESCRIPTION = f"""
 <node><interface name="{WATCHER}">
@@ -21,6 +20,7 @@ DESCRIPTION = f"""
   <signal name="StatusNotifierItemRegistered"><arg type="s"/></signal>
   <signal name="StatusNotifierItemUnregistered"><arg type="s"/></signal>
   <signal name="StatusNotifierHostRegistered"/>
+  <signal name="StatusNotifierHostUnregistered"/>
 </interface></node>
 """
 
@@ -28,9 +28,13 @@ DESCRIPTION = f"""
 class StatusNotifierHost:
     """Runs on a thread of its own; close() is as if the process had ended."""
 
-    def __init__(self, bus_address, has_host=True):
+    def __init__(self, bus_address, has_host=True, answers=True):
+        """One that does not answer hangs when it is asked for anything."""
         self.items = []  # (bus name, object path) of each registered icon
         self._has_host = has_host
+        self._answers = threading.Event()
+        if answers:
+            self._answers.set()
         self._context = GLib.MainContext()
         self._loop = GLib.MainLoop(self._context)
         self._ready = threading.Event()
@@ -56,7 +60,8 @@ class StatusNotifierHost:
         self._call_bus("RequestName", GLib.Variant("(su)", (WATCHER, 0)))
         self._ready.set()
         self._loop.run()
-        self._bus.close_sync(None)
+        if not self._bus.is_closed():
+            self._bus.close_sync(None)
         self._context.pop_thread_default()
 
     def _call_bus(self, method, arguments):
@@ -74,6 +79,7 @@ class StatusNotifierHost:
         invocation.return_value(None)
 
     def _property(self, _connection, _sender, _path, _interface, name):
+        self._answers.wait()
         return {"RegisteredStatusNotifierItems":
                     GLib.Variant("as", ["".join(item) for item in self.items]),
                 "IsStatusNotifierHostRegistered": GLib.Variant("b", self._has_host),
@@ -87,7 +93,16 @@ class StatusNotifierHost:
         self._has_host = True
         self._emit("StatusNotifierHostRegistered")
 
+    def remove_host(self):
+        self._has_host = False
+        self._emit("StatusNotifierHostUnregistered")
+
+    def answer(self):
+        """Ends the hanging."""
+        self._answers.set()
+
     def close(self):
+        self.answer()
         self._loop.quit()
         self._thread.join(TIME_LIMIT)
 
@@ -112,14 +127,7 @@ class StatusNotifierHost:
         _, path = self.wait_for_item()
         self._call_item(path, ITEM, "Activate", GLib.Variant("(ii)", point))
 
-    def menu(self):
-        """The ids of the context menu's entries by their texts."""
-        _, (_, _, entries) = self._call_item(
-            self.property("Menu"), MENU, "GetLayout", GLib.Variant("(iias)", (0, -1, [])))
-        return {properties.get("label", "").replace("_", ""): number
-                for number, properties, _ in entries}
-
-    def choose(self, text):
-        """Chooses an entry of the context menu."""
-        event = GLib.Variant("(isvu)", (self.menu()[text], "clicked", GLib.Variant("s", ""), 0))
-        self._call_item(self.property("Menu"), MENU, "Event", event)
+    def call(self, method, signature, *arguments):
+        """Any other call, also one that no host makes."""
+        _, path = self.wait_for_item()
+        return self._call_item(path, ITEM, method, GLib.Variant(signature, arguments))

@@ -5,10 +5,10 @@ import socket
 import time
 import unittest
 
+from gi.repository import GLib
+
 from status_notifier_host import StatusNotifierHost
 from virtual_desktop import Desktop, Rect, stays, wait_until
-
-MENU = {"Open Tarnwick Network", "Quit Tarnwick Network"}
 
 
 class XTray(unittest.TestCase):
@@ -96,7 +96,7 @@ class NotifierHost(unittest.TestCase):
             client = self.desktop.start_client()
             host.wait_for_item()
             self.assertEqual(host.property("Title"), "Tarnwick Network")
-            self.assertEqual(set(host.menu()) - {""}, MENU)
+            self.assertEqual(host.property("Menu"), "/NO_DBUSMENU")
             self.desktop.move_mouse((640, 8))
             host.activate((640, 8))
             panel = self.desktop.wait_for_panel(client)
@@ -105,8 +105,46 @@ class NotifierHost(unittest.TestCase):
             self.assertLess(panel.y, 40)
             host.activate((640, 8))
             self.desktop.wait_for_no_panel(client)
-            host.choose("Quit Tarnwick Network")
-            self.assertEqual(client.wait_for_end(), 0)
+            self.assertEqual(client.stop(), 0)
+
+    def test_each_button_opens_and_closes_the_panel(self):
+        with StatusNotifierHost(self.address) as host:
+            client = self.desktop.start_client()
+            for method in ("ContextMenu", "SecondaryActivate"):
+                host.call(method, "(ii)", 640, 8)
+                self.desktop.wait_for_panel(client)
+                host.call(method, "(ii)", 640, 8)
+                self.desktop.wait_for_no_panel(client)
+                self.desktop.settle()
+
+    def test_its_tooltip_has_the_state(self):
+        with StatusNotifierHost(self.address) as host:
+            program = self.desktop.copy_client(
+                '#!/bin/sh\necho \'{"BackendState": "NeedsLogin"}\'\n')
+            self.desktop.start_client(program=program)
+            wait_until(lambda: host.property("ToolTip")[2:] == ("Tarnwick Network", "Needs Login"),
+                       "the state in the tooltip")
+
+    def test_absurd_calls_do_no_harm(self):
+        with StatusNotifierHost(self.address) as host:
+            client = self.desktop.start_client()
+            for point in ((2**31 - 1, -2**31), (-1, 100_000), (-2**31, -2**31)):
+                host.activate(point)
+                panel = self.desktop.wait_for_panel(client)
+                self.assertTrue(Rect(0, 0, 1280, 800).contains(panel), (point, panel))
+                host.activate(point)
+                self.desktop.wait_for_no_panel(client)
+                self.desktop.settle()
+            for call in (("Activate", "(ss)", "1", "2"), ("Activate", "()"), ("Rubbish", "()"),
+                         ("ProvideXdgActivationToken", "(i)", 1)):
+                with self.assertRaises(GLib.Error):
+                    host.call(*call)
+            for token in ("", "x" * 1_000_000, "\n\x01", "a b"):
+                host.call("ProvideXdgActivationToken", "(s)", token)
+            host.call("Scroll", "(is)", -2**31, "sideways")
+            self.assertIsNone(self.desktop.panel(client))
+            self.assertEqual(client.stop(), 0)
+            self.assertEqual(client.output(), "")
 
     def test_one_that_starts_late_gets_the_icon(self):
         self.desktop.start_client()
@@ -131,6 +169,60 @@ class NotifierHost(unittest.TestCase):
                 host.activate()
                 self.desktop.wait_for_no_panel(client)
 
+    def test_one_that_hangs_at_first_gets_the_icon(self):
+        with StatusNotifierHost(self.address, answers=False) as host:
+            self.desktop.start_client()
+            self.assertTrue(stays(lambda: not host.items, 4.0))  # longer than a call may take
+            host.answer()
+            host.wait_for_item()
+
+    def test_while_one_hangs_the_icon_is_in_the_x_tray(self):
+        self.desktop.start_tray()
+        with StatusNotifierHost(self.address, answers=False) as host:
+            client = self.desktop.start_client()
+            self.desktop.wait_for_icon(client)
+            host.answer()
+            host.wait_for_item()
+            wait_until(lambda: self.desktop.icon(client) is None, "the other icon to go")
+
+    def test_one_more_host_does_not_get_a_second_icon(self):
+        with StatusNotifierHost(self.address) as host:
+            self.desktop.start_client()
+            host.wait_for_item()
+            host.add_host()
+            self.assertTrue(stays(lambda: len(host.items) == 1, 1.0))
+
+    def test_when_the_bus_restarts_the_icon_comes_again(self):
+        client = self.desktop.start_client()
+        for _ in range(2):
+            with StatusNotifierHost(self.address) as host:
+                host.wait_for_item()
+                self.desktop.stop_bus("session")
+            self.desktop.start_bus("session")
+        with StatusNotifierHost(self.address) as host:
+            host.activate((640, 8))
+            self.desktop.wait_for_panel(client)
+
+    def test_when_the_last_host_goes_the_icon_moves_to_the_x_tray_and_back(self):
+        self.desktop.start_tray()
+        with StatusNotifierHost(self.address) as host:
+            client = self.desktop.start_client()
+            host.wait_for_item()
+            host.remove_host()
+            self.desktop.wait_for_icon(client)
+            host.add_host()
+            wait_until(lambda: self.desktop.icon(client) is None, "the other icon to go")
+
+    def test_when_the_registry_goes_the_icon_moves_to_the_x_tray_and_back(self):
+        self.desktop.start_tray()
+        client = self.desktop.start_client()
+        self.desktop.wait_for_icon(client)
+        for _ in range(2):
+            with StatusNotifierHost(self.address) as host:
+                host.wait_for_item()
+                wait_until(lambda: self.desktop.icon(client) is None, "the other icon to go")
+            self.desktop.wait_for_icon(client)
+
     def test_it_comes_before_an_x_tray_for_old_programs(self):
         self.desktop.start_tray()
         with StatusNotifierHost(self.address) as host:
@@ -142,8 +234,11 @@ class NotifierHost(unittest.TestCase):
         with StatusNotifierHost(self.address) as host:
             self.desktop.start_client()
             host.wait_for_item()
-            widths = {width for width, _, _ in host.property("IconPixmap")}
-            self.assertIn(22, widths)
+            pictures = host.property("IconPixmap")
+            self.assertEqual([width for width, _, _ in pictures], [16, 22, 24, 32, 48, 64])
+            for width, height, pixels in pictures:
+                self.assertEqual((height, len(pixels)), (width, 4 * width * height))
+                self.assertEqual(max(pixels[::4]), 255, "opaque somewhere")
 
     def test_an_installed_symbolic_icon_is_named_to_the_host(self):
         theme = self.desktop.home / ".local/share/icons/hicolor/symbolic/apps"
@@ -154,6 +249,7 @@ class NotifierHost(unittest.TestCase):
             self.desktop.start_client()
             host.wait_for_item()
             self.assertEqual(host.property("IconName"), "tarnwick-client-symbolic")
+            self.assertEqual(host.property("IconPixmap"), [])
 
 
 class NoStatusArea(unittest.TestCase):

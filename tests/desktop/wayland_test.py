@@ -29,8 +29,7 @@ class Wayland(unittest.TestCase):
             wait_until(lambda: 'set_title("Tarnwick Network")' in client.output(), "the panel")
             self.assertTrue(stays(client.is_running, 1.0))
             host.activate((10, 10))
-            host.choose("Quit Tarnwick Network")
-            self.assertEqual(client.wait_for_end(), 0)
+            self.assertEqual(client.stop(), 0)
 
     def test_without_an_icon_a_second_launch_opens_the_panel(self):
         client = self.start_client()
