@@ -20,7 +20,7 @@ def icon(trial):
     took = trial.start_client()
     if took > ICON_LIMIT:
         raise No(f"after {took:.1f} s")
-    return f"{took:.1f} s"
+    return f"{took:.1f} s, at {trial.icon}"
 
 
 def click(trial):

@@ -11,23 +11,14 @@ class Gnome(Shell):
     """What both have in common."""
 
     packages = ("gnome-shell gnome-shell-extension-appindicator gnome-session-bin "
-                "gnome-settings-daemon xwayland xdg-desktop-portal-gnome python3-dbusmock "
+                "gnome-settings-daemon xwayland xdg-desktop-portal-gnome "
                 f"fonts-cantarell {COMMON}")
     variables = {"XDG_CURRENT_DESKTOP": "GNOME", "DESKTOP_SESSION": "gnome"}
     restarts = "the extension, as after a locked screen"
 
-    def _start_log_in_manager(self):
-        self.start("python3", "-m", "dbusmock", "--system", "--template", "logind")
-        self._wait_for_name("--system", "org.freedesktop.login1")
-
-    def _wait_for_name(self, bus, name):
-        wait_until(lambda: "true" in self.run(
-            "gdbus", "call", bus, "--dest", "org.freedesktop.DBus", "--object-path", "/",
-            "--method", "org.freedesktop.DBus.NameHasOwner", name), name, 90, 0.3, self.describe)
-
     def prepare(self):
         """Settings that a user of some weeks has, and what GNOME expects of the system."""
-        self._start_log_in_manager()
+        self.start_log_in_manager()
         extensions = f"['{EXTENSION}']" if self.has_status_area else "[]"
         for key, value in (("enabled-extensions", extensions),
                            ("welcome-dialog-last-shown-version", "'999'")):
@@ -35,7 +26,7 @@ class Gnome(Shell):
 
     def leave_overview(self):
         """A session without windows begins in the overview."""
-        self._wait_for_name("--session", "org.gnome.Shell")
+        self.wait_for_name("--session", "org.gnome.Shell")
 
         def is_left():
             self.run("gdbus", "call", "--session", "--dest", "org.gnome.Shell", "--object-path",
@@ -62,7 +53,7 @@ class GnomeX11(Gnome, XShell):
         self._start_process()
         self.start("/usr/libexec/gsd-xsettings")
         if self.has_status_area:
-            self.wait_for_host()
+            self.wait_for_status_area()
 
     def _start_process(self):
         self.shell = self.start("gnome-shell", "--x11")
@@ -90,4 +81,4 @@ class GnomeWayland(Gnome, NestedShell):
         (authority,) = self.runtime.glob(".mutter-Xwaylandauth.*")
         self.wait_for_displays({"WAYLAND_DISPLAY": "wayland-0", "DISPLAY": display,
                                 "XAUTHORITY": str(authority)})
-        self.wait_for_host()
+        self.wait_for_status_area()

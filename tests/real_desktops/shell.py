@@ -4,13 +4,14 @@
 import pathlib
 import subprocess
 
+import sight
 from virtual_desktop import Desktop, Screen, comes, stays, wait_until
 
 # What every desktop needs to be driven and looked at, and the portal that all of them have.
 COMMON = ("xvfb xdotool imagemagick x11-utils x11-xserver-utils dbus-daemon dbus-bin zenity "
           "libglib2.0-bin python3 python3-pil python3-xlib fonts-dejavu-core at-spi2-core "
           "dconf-gsettings-backend gsettings-desktop-schemas adwaita-icon-theme "
-          "xdg-desktop-portal xdg-desktop-portal-gtk")
+          "xdg-desktop-portal xdg-desktop-portal-gtk python3-dbusmock procps")
 SIZE = (1280, 800)
 START_LIMIT = 90.0  # seconds, for a shell without a graphics card
 
@@ -48,7 +49,8 @@ class Shell(Desktop):
         """At log-in, as its package has it: what it changes on the screen is to be seen."""
         entry = self.home / ".config/autostart/tarnwick-client.desktop"
         entry.parent.mkdir(parents=True)
-        entry.write_text("[Desktop Entry]\nType=Application\nHidden=true\n", encoding="utf-8")
+        entry.write_text("[Desktop Entry]\nType=Application\nName=None\nExec=true\nHidden=true\n"
+                         "X-GNOME-Autostart-enabled=false\n", encoding="utf-8")
 
     def announce_environment(self):
         """What the session bus starts is to know the displays too."""
@@ -90,6 +92,17 @@ class Shell(Desktop):
 
         wait_until(is_still, "the shell to draw its bar", START_LIMIT, 0.5, self.describe)
 
+    def start_log_in_manager(self):
+        """A stand-in for it, which some shells do not start without."""
+        self.start("python3", "-m", "dbusmock", "--system", "--template", "logind")
+        self.wait_for_name("--system", "org.freedesktop.login1")
+
+    def wait_for_name(self, bus, name):
+        wait_until(lambda: "true" in self.run(
+            "gdbus", "call", bus, "--dest", "org.freedesktop.DBus", "--object-path", "/",
+            "--method", "org.freedesktop.DBus.NameHasOwner", name), name, START_LIMIT, 0.3,
+            self.describe)
+
     def has_host(self):
         """Whether a status area shows items of the notifier's kind."""
         return "true" in self.run(
@@ -97,8 +110,11 @@ class Shell(Desktop):
             "/StatusNotifierWatcher", "--method", "org.freedesktop.DBus.Properties.Get",
             "org.kde.StatusNotifierWatcher", "IsStatusNotifierHostRegistered")
 
-    def wait_for_host(self):
-        wait_until(self.has_host, "a status area", START_LIMIT, 0.5, self.describe)
+    def has_x_tray(self):
+        return sight.has_owner(self.environment["DISPLAY"], "_NET_SYSTEM_TRAY_S0")
+
+    def wait_for_status_area(self):
+        wait_until(lambda: self.has_host() or self.has_x_tray(), "a status area", START_LIMIT, 0.5, self.describe)
 
     def bar_thickness(self):
         """From the work area, where the shell publishes one."""
@@ -142,6 +158,14 @@ class NestedShell(Shell):
         self.announce_environment()
         wait_until(lambda: comes(lambda: "WIDTH" in self.run("xdotool", "getdisplaygeometry", "--shell"), 5),
                    "Xwayland", START_LIMIT, 0.5, self.describe)
+
+    def wait_for_file(self, told):
+        """Takes over the displays that a program of the compositor wrote down there."""
+        wait_until(told.exists, "the compositor", START_LIMIT, describe=self.describe)
+        variables = dict(line.split("=", 1) for line in told.read_text(encoding="utf-8").splitlines()
+                         if "=" in line)
+        names = ("DISPLAY", "XAUTHORITY", "WAYLAND_DISPLAY", "SWAYSOCK")
+        self.wait_for_displays({name: variables[name] for name in names if name in variables})
 
     def x_displays(self):
         """The names of those that exist."""

@@ -1,14 +1,20 @@
 # SPDX-License-Identifier: MIT
 """What can be seen in pictures of the screen, whoever drew it."""
 
+import re
+
 from PIL import Image, ImageChops
-from Xlib import display
+from Xlib import display, ext
 
 from virtual_desktop import Rect
 
+# No other one is used, and setting up RandR fails at times.
+ext.__extensions__ = [extension for extension in ext.__extensions__ if extension[1] == "xfixes"]
+
 LEAST_CHANGE = 24  # of 255, of a colour that counts as another one
-GREATEST_GAP = 3  # pixels, between parts of one icon
 ICON_WIDTHS = range(6, 49)
+LONGEST_MOVE = 64  # pixels, of what makes room for an icon
+SAME = rb"\0{8,}"  # so many columns side by side are no coincidence
 
 
 def load(path):
@@ -39,21 +45,28 @@ def share_of_changes(before, after, rect):
 
 
 def find_new_icon(before, after, bar):
-    """Where an icon came into a bar. It pushed aside those before it, if any, and none after it: of
-    all that changed it is the last part that has an icon's size."""
-    mask = changes(before, after, bar)
-    runs = []
-    for x in range(mask.width):
-        if mask.crop((x, 0, x + 1, mask.height)).getbbox():
-            if runs and x - runs[-1][1] <= GREATEST_GAP:
-                runs[-1][1] = x
-            else:
-                runs.append([x, x])
-    for first, last in reversed(runs):
-        if last - first + 1 in ICON_WIDTHS:
-            _, top, _, bottom = mask.crop((first, 0, last + 1, mask.height)).getbbox()
-            return Rect(bar.x + first, bar.y + top, last - first + 1, bottom - top)
+    """Where an icon came into a bar. Others may have been moved: what is new is what was nowhere near
+    before. Of that it is the last part that has an icon's width, as clocks and meters change too."""
+    if changed_rect(before, after, bar) is None:
+        return None
+    old = before.crop((bar.x, bar.y, bar.right, bar.bottom))
+    new = after.crop((bar.x, bar.y, bar.right, bar.bottom))
+    known = bytearray(bar.width)
+    for move in range(-LONGEST_MOVE, LONGEST_MOVE + 1):
+        same = re.finditer(SAME, changed_columns(ImageChops.offset(old, move, 0), new))
+        for first, last in (match.span() for match in same):
+            known[first:last] = b"x" * (last - first)
+    for first, last in reversed([match.span() for match in re.finditer(rb"\0+", bytes(known))]):
+        if last - first in ICON_WIDTHS:
+            part = Rect(bar.x + first, bar.y, last - first, bar.height)
+            return changed_rect(before, after, part)
     return None
+
+
+def changed_columns(before, after):
+    """A byte for each column of pixels: 0 when nothing in it changed."""
+    mask = changes(before, after, Rect(0, 0, *after.size))
+    return mask.resize((mask.width, 1), Image.BOX).tobytes()
 
 
 def brightness(picture, rect):
@@ -85,3 +98,12 @@ class Pointer:
 
     def close(self):
         self._display.close()
+
+
+def has_owner(name, selection):
+    """Whether somebody owns that selection of an X display, as an X tray does."""
+    connection = display.Display(name)
+    try:
+        return connection.get_selection_owner(connection.get_atom(selection)) != 0
+    finally:
+        connection.close()

@@ -106,6 +106,7 @@ class Trial:
         wait_for_a_quiet_clock()
         self.hand.move_mouse(AWAY)
         before = self.still_picture()
+        self.keep("before.png")
         self.client = self.shell.start("tarnwick-client",
                                        environment={"QT_LOGGING_RULES": "tarnwick.*=true"})
         began = time.monotonic()
@@ -116,6 +117,7 @@ class Trial:
         if not seen:
             raise No(f"not there after {3 * ICON_LIMIT:.0f} s")
         self.icon = sight.find_new_icon(before, self.still_picture(), self.bar)
+        self.keep("after.png")
         return took
 
     def stop_client(self):

@@ -36,7 +36,8 @@ def all_checks(trial):
 
 
 def row(name, cells):
-    marks = ["yes" if cells[check][0] else "**no**" if check in cells else "-" for check in CHECKS]
+    marks = ["-" if check not in cells else "yes" if cells[check][0] else "**no**"
+             for check in CHECKS]
     return f"| {name} | " + " | ".join(marks) + " |\n"
 
 
