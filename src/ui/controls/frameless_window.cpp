@@ -4,7 +4,6 @@
 #include "desktop/compositing.h"
 #include "ui/controls/font_change_forwarder.h"
 #include "ui/controls/keyboard_focus.h"
-#include "ui/controls/popover_placement.h"
 #include "ui/style/colors.h"
 
 #include <QKeyEvent>
@@ -43,7 +42,7 @@ void FramelessWindow::setOutline(const QPainterPath& outline) {
 
 QPainterPath FramelessWindow::roundedOutline(const QRectF& rect) {
     QPainterPath outline;
-    outline.addRoundedRect(rect, PopoverPlacement::cornerRadius, PopoverPlacement::cornerRadius);
+    outline.addRoundedRect(rect, cornerRadius, cornerRadius);
     return outline;
 }
 

@@ -16,6 +16,7 @@ public:
     /// to assistive technology. The system's shadow would be that of the rectangle.
     static constexpr Qt::WindowFlags flags =
         Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint;
+    static constexpr int cornerRadius = 10; ///< Device-independent pixels.
 
     void setVisible(bool visible) override;
 

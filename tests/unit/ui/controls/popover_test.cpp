@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/controls/popover_placement.h"
+#include "ui/controls/popover.h"
 
 #include <gtest/gtest.h>
 
@@ -40,8 +40,8 @@ TEST(PopoverPlacement, StaysOnTheScreenWithItsArrowAtTheRow) {
         const QRect row(600, y, 300, 28);
         const auto placement = PopoverPlacement::beside(row, content, screen, Qt::LeftToRight);
         EXPECT_TRUE(screen.contains(placement.window));
-        EXPECT_GE(placement.arrowY, PopoverPlacement::cornerRadius);
-        EXPECT_LE(placement.arrowY, 200 - PopoverPlacement::cornerRadius);
+        EXPECT_GE(placement.arrowY, FramelessWindow::cornerRadius);
+        EXPECT_LE(placement.arrowY, 200 - FramelessWindow::cornerRadius);
     }
 }
 
