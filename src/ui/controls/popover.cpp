@@ -3,6 +3,8 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QLineF>
+#include <QPainterPath>
 #include <QScreen>
 
 #include <algorithm>
@@ -13,6 +15,36 @@ namespace {
 
 int clampedStart(int start, int length, int first, int last) {
     return std::max(first, std::min(start, last + 1 - length));
+}
+
+constexpr double arrowFoot = 3; // radius where the arrow leaves the body
+constexpr double arrowTip = 2;
+
+struct Corner {
+    QPointF point;
+    double radius;
+};
+
+QPainterPath roundedPolygon(const QList<Corner>& corners) {
+    constexpr double circle = 0.5523; // makes a cubic curve a quarter of a circle
+    const auto towards = [](const QPointF& from, const QPointF& to, double distance) {
+        return QLineF(from, to).pointAt(distance / QLineF(from, to).length());
+    };
+    QPainterPath path;
+    for (qsizetype i = 0; i < corners.size(); ++i) {
+        const auto& [point, radius] = corners[i];
+        const QPointF before = corners[i == 0 ? corners.size() - 1 : i - 1].point;
+        const QPointF after = corners[i + 1 == corners.size() ? 0 : i + 1].point;
+        const QPointF start = towards(point, before, radius);
+        const QPointF end = towards(point, after, radius);
+        if (i == 0)
+            path.moveTo(start);
+        else
+            path.lineTo(start);
+        path.cubicTo(start + circle * (point - start), end + circle * (point - end), end);
+    }
+    path.closeSubpath();
+    return path;
 }
 
 } // namespace
@@ -32,12 +64,12 @@ PopoverPlacement PopoverPlacement::beside(const QRect& anchor, const QSize& cont
     placement.isArrowRight = isLeft;
     const int x =
         clampedStart(isLeft ? leftStart : rightStart, width, screen.left(), screen.right());
-    const int y =
-        clampedStart(anchor.center().y() - height / 2, height, screen.top(), screen.bottom());
+    const int middle = anchor.top() + anchor.height() / 2; // center() is half a pixel above it
+    const int y = clampedStart(middle - height / 2, height, screen.top(), screen.bottom());
     placement.window = QRect(x, y, width, height);
-    const int margin = FramelessWindow::cornerRadius + arrowBase / 2;
-    placement.arrowY = std::clamp(anchor.center().y() - y, std::min(margin, height / 2),
-                                  std::max(height - margin, height / 2));
+    const int margin = FramelessWindow::cornerRadius + int(arrowFoot) + arrowBase / 2;
+    placement.arrowY =
+        std::clamp(middle - y, std::min(margin, height / 2), std::max(height - margin, height / 2));
     return placement;
 }
 
@@ -45,6 +77,24 @@ QRect PopoverPlacement::contentRect() const {
     const QRect whole(QPoint(0, 0), window.size());
     return isArrowRight ? whole.adjusted(0, 0, -arrowDepth, 0)
                         : whole.adjusted(arrowDepth, 0, 0, 0);
+}
+
+QPainterPath PopoverPlacement::outline() const {
+    constexpr double radius = FramelessWindow::cornerRadius;
+    const QRectF body = contentRect();
+    const double near = isArrowRight ? body.right() : body.left();
+    const double far = isArrowRight ? body.left() : body.right();
+    const double room = std::min(double(arrowY), body.height() - arrowY) - radius - arrowFoot;
+    const double half = std::clamp(room, 0.0, arrowBase / 2.0);
+    const double depth = arrowDepth * half / (arrowBase / 2.0);
+    const double tip = isArrowRight ? near + depth : near - depth;
+    return roundedPolygon({{{near, body.top()}, radius},
+                           {{near, arrowY - half}, arrowFoot},
+                           {{tip, double(arrowY)}, arrowTip},
+                           {{near, arrowY + half}, arrowFoot},
+                           {{near, body.bottom()}, radius},
+                           {{far, body.bottom()}, radius},
+                           {{far, body.top()}, radius}});
 }
 
 Popover::Popover(QWidget* anchor, QWidget* content)
@@ -75,22 +125,7 @@ void Popover::place() {
                                           layoutDirection());
     setGeometry(placement_.window);
     content_->setGeometry(placement_.contentRect());
-    setOutline(outline());
-}
-
-QPainterPath Popover::outline() const {
-    QPainterPath shape = roundedOutline(placement_.contentRect());
-    const QRectF body = placement_.contentRect();
-    const double half = PopoverPlacement::arrowBase / 2.0;
-    const double edge = placement_.isArrowRight ? body.right() : body.left();
-    const double tip = placement_.isArrowRight ? double(width()) : 0.0;
-    const double y = placement_.arrowY;
-    QPainterPath arrow;
-    arrow.moveTo(edge, y - half);
-    arrow.lineTo(tip, y);
-    arrow.lineTo(edge, y + half);
-    arrow.closeSubpath();
-    return shape.united(arrow);
+    setOutline(placement_.outline());
 }
 
 bool Popover::event(QEvent* event) {

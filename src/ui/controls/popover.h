@@ -26,6 +26,9 @@ struct PopoverPlacement {
 
     /// The content's part of the window, relative to the window.
     QRect contentRect() const;
+
+    /// Body and arrow as one path, relative to the window.
+    QPainterPath outline() const;
 };
 
 /// A small window with an arrow that points at its row, beside which it stays when either resizes.
@@ -61,8 +64,6 @@ private:
     void reviewActivation();
     bool belongsToAnchor(const QObject* watched) const;
     bool isAboveAnchor(const QObject* watched) const;
-    QPainterPath outline() const;
-
     QWidget* anchor_;
     QWidget* content_;
     PopoverPlacement placement_;
