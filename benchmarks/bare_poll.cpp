@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Runs a tool every five seconds and reads what it prints, and does nothing else: the least that a
-// poll can cost a program.
+// Runs a tool every five seconds, reads what it prints, decodes it and compares it with the last,
+// and does nothing else: the least that a poll can cost a program.
+#include <QByteArray>
+#include <QJsonDocument>
+
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -25,17 +28,28 @@ pid_t start(char** command, int output) {
     return error == 0 ? child : -1;
 }
 
-bool poll(char** command) {
+QByteArray readToTheEnd(int from) {
+    QByteArray output;
+    char buffer[16384];
+    for (ssize_t count = 0; (count = read(from, buffer, sizeof buffer)) > 0;)
+        output.append(buffer, count);
+    return output;
+}
+
+bool poll(char** command, QJsonDocument& last, int& changes) {
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0)
         return false;
     const pid_t child = start(command, ends[1]);
     close(ends[1]);
     usleep(pollStep);
-    char buffer[16384];
-    while (read(ends[0], buffer, sizeof buffer) > 0) {
-    }
+    const QByteArray output = readToTheEnd(ends[0]);
     close(ends[0]);
+    const QJsonDocument document = QJsonDocument::fromJson(output);
+    if (document != last) {
+        last = document;
+        ++changes;
+    }
     return child > 0 && waitpid(child, nullptr, 0) == child;
 }
 
@@ -44,7 +58,9 @@ bool poll(char** command) {
 int main(int argc, char** argv) {
     if (argc < 2)
         return 2;
-    while (poll(argv + 1))
+    QJsonDocument last;
+    int changes = 0;
+    while (poll(argv + 1, last, changes))
         usleep(restOfInterval);
-    return 1;
+    return changes;
 }

@@ -102,10 +102,11 @@ void DaemonManager::beginRefresh(bool forceProfiles, Completion completion) {
     const bool readsProfiles = refresh_.shouldReadProfiles(
         forceProfiles, state().profiles.isEmpty(), RefreshBookkeeping::Clock::now);
     workQueue_.async([weak = weak_from_this(), runner = runner_, readsProfiles,
-                      known = attribution_.settledDetails(),
+                      known = attribution_.settledDetails(), previous = lastReading_,
                       completion = std::move(completion)]() mutable {
-        const auto reading =
-            weak.expired() ? StatusReading() : StatusReading::take(runner, readsProfiles, known);
+        const auto reading = weak.expired()
+                                 ? StatusReading()
+                                 : StatusReading::take(runner, readsProfiles, known, previous);
         postToMainQueue([weak, reading, completion = std::move(completion)] {
             if (const auto self = weak.lock())
                 self->finishRefresh(reading, completion);
@@ -114,6 +115,7 @@ void DaemonManager::beginRefresh(bool forceProfiles, Completion completion) {
 }
 
 void DaemonManager::finishRefresh(const StatusReading& reading, const Completion& completion) {
+    lastReading_ = reading;
     if (reading.profiles) {
         details_.prune(*reading.profiles);
         published_.set(&DaemonState::profiles, details_.enrich(*reading.profiles));

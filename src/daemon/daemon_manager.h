@@ -122,6 +122,7 @@ private:
     RememberedDetails details_;
     ProfileAttribution attribution_;
     RefreshBookkeeping refresh_;
+    StatusReading lastReading_;
     QTimer statusTimer_;
 
     // Last, so that they go first: no work is left when the fields above are released.

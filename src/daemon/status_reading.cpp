@@ -18,11 +18,14 @@ bool hasOtherDetails(const StatusResponse& status,
 } // namespace
 
 StatusReading StatusReading::take(const CommandRunner& runner, bool readsProfiles,
-                                  const std::optional<NetworkProfileDetails>& known) {
+                                  const std::optional<NetworkProfileDetails>& known,
+                                  const StatusReading& previous) {
     StatusReading reading;
-    reading.status = StatusResponse::decode(runner.runCLI({u"status"_s, u"--json"_s}));
+    reading.output = runner.runCLI({u"status"_s, u"--json"_s});
+    const bool isNew = reading.output != previous.output;
+    reading.status = isNew ? StatusResponse::decode(reading.output) : previous.status;
     if (reading.status)
-        reading.devices = reading.status->devices();
+        reading.devices = isNew ? reading.status->devices() : previous.devices;
     if (readsProfiles || (reading.status && hasOtherDetails(*reading.status, known)))
         reading.profiles =
             parseProfileList(textFromUtf8(runner.runCLI({u"switch"_s, u"--list"_s})));

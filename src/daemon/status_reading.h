@@ -5,6 +5,8 @@
 #include "model/profile_details_store.h"
 #include "model/status_response.h"
 
+#include <QByteArray>
+
 #include <optional>
 
 namespace tarnwick {
@@ -13,6 +15,7 @@ class CommandRunner;
 
 /// What one refresh learns from the tool.
 struct StatusReading {
+    QByteArray output;                             ///< What it printed for the status.
     std::optional<StatusResponse> status;          ///< None: the daemon did not answer.
     QList<DeviceInfo> devices;                     ///< Of that status, sorted.
     std::optional<QList<NetworkProfile>> profiles; ///< None: not asked for.
@@ -21,9 +24,11 @@ struct StatusReading {
     /// a large network takes longer than a frame.
     ///
     /// They are also read when this machine is connected with other details than those whose
-    /// profile is `known`: it may be in another network, though nobody has said so.
+    /// profile is `known`: it may be in another network, though nobody has said so. What the tool
+    /// printed for `previous` is not decoded again.
     static StatusReading take(const CommandRunner& runner, bool readsProfiles,
-                              const std::optional<NetworkProfileDetails>& known);
+                              const std::optional<NetworkProfileDetails>& known,
+                              const StatusReading& previous);
 };
 
 } // namespace tarnwick

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr const char* interfaceName = "org.kde.StatusNotifierWatcher";
-constexpr int answerTimeout = 3000; // milliseconds
+constexpr int watcherTimeout = 3000; // milliseconds
 
 } // namespace
 
@@ -38,7 +38,7 @@ void StatusNotifierWatcher::ask() {
         service(), path(), u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
     question << QString::fromLatin1(interfaceName) << u"IsStatusNotifierHostRegistered"_s;
     question.setAutoStartService(false);
-    auto* call = new QDBusPendingCallWatcher(connection().asyncCall(question, answerTimeout), this);
+    auto* call = new QDBusPendingCallWatcher(connection().asyncCall(question, watcherTimeout), this);
     QObject::connect(call, &QDBusPendingCallWatcher::finished, this,
                      [this](QDBusPendingCallWatcher* finished) {
                          const QDBusPendingReply<QVariant> reply = *finished;

@@ -41,8 +41,9 @@ void ProfileDetailsStore::save(const ProfileDetailsMap& details) {
     if (isLockedByAnother(*settings_))
         return;
     settings_->sync(); // notices a file that somebody else changed, removed or damaged
-    if (storedData() != data)
-        settings_->setValue(QAnyStringView(detailsKey), data);
+    if (storedData() == data)
+        return;
+    settings_->setValue(QAnyStringView(detailsKey), data);
     settings_->sync();
 }
 

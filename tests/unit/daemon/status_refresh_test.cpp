@@ -123,6 +123,23 @@ TEST_F(StatusRefresh, SuccessPublishesEveryField) {
                   {u"p2"_s, u"kite"_s, u"mira l"_s, false, {}, {}}}));
 }
 
+TEST_F(StatusRefresh, AnswerThatIsTheSameAsBeforeIsPublishedAllTheSame) {
+    const auto manager = world_.createRefreshed();
+    const DaemonState expected = manager->state();
+    test::publishError(*manager, u"earlier"_s);
+    ASSERT_TRUE(test::refresh(*manager));
+    EXPECT_EQ(manager->state(), expected) << "twice in a row";
+    for (const QByteArray& other : {QByteArray("rubbish"), ControllerWorld::stoppedStatus()}) {
+        world_.answer("status", other);
+        ASSERT_TRUE(test::refresh(*manager));
+        ASSERT_TRUE(test::refresh(*manager));
+        EXPECT_FALSE(manager->state().isConnected);
+        world_.answer("status", ControllerWorld::connectedStatus());
+        ASSERT_TRUE(test::refresh(*manager));
+        EXPECT_EQ(manager->state(), expected) << other.constData();
+    }
+}
+
 TEST_F(StatusRefresh, ForcedCallRereadsAFreshList) {
     const auto manager = world_.createRefreshed();
     world_.answer("list", "header\np9 net someone\n");
