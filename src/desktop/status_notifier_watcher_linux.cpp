@@ -38,7 +38,8 @@ void StatusNotifierWatcher::ask() {
         service(), path(), u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
     question << QString::fromLatin1(interfaceName) << u"IsStatusNotifierHostRegistered"_s;
     question.setAutoStartService(false);
-    auto* call = new QDBusPendingCallWatcher(connection().asyncCall(question, watcherTimeout), this);
+    auto* call =
+        new QDBusPendingCallWatcher(connection().asyncCall(question, watcherTimeout), this);
     QObject::connect(call, &QDBusPendingCallWatcher::finished, this,
                      [this](QDBusPendingCallWatcher* finished) {
                          const QDBusPendingReply<QVariant> reply = *finished;
