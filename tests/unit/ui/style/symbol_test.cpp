@@ -56,6 +56,23 @@ TEST(Symbol, AllThirteenAreDrawnInTheirColorAndNotClipped) {
     }
 }
 
+TEST(Symbol, TheSlashStandsApartFromTheNetwork) {
+    for (const qreal ratio : {1.0, 1.25, 1.5, 2.0}) {
+        const QImage drawn = image(u"network.slash"_s, 16, ratio);
+        // From corner to corner; the gap follows it on both sides.
+        const double gapOffset = 1.7; // across, in device-independent pixels
+        for (double along = 4; along <= 12; along += 1 / ratio) {
+            const auto ink = [&](double x, double y) {
+                return drawn.pixelColor(int(x * ratio), int(y * ratio)).alphaF();
+            };
+            EXPECT_GT(ink(along, along), 0.6) << ratio << " at " << along;
+            const double half = gapOffset / 2;
+            EXPECT_LT(ink(along + half, along - half), 0.45) << ratio << " at " << along;
+            EXPECT_LT(ink(along - half, along + half), 0.45) << ratio << " at " << along;
+        }
+    }
+}
+
 TEST(Symbol, HasAPixelForEachOfTheScreen) {
     for (const auto& [ratio, pixels] : {std::pair{1.0, 16}, {1.5, 24}, {2.0, 32}}) {
         const QPixmap pixmap = symbolPixmap(u"key"_s, 16, Qt::black, ratio);
