@@ -45,8 +45,12 @@ TarnwickApp::TarnwickApp(const QString& launchSocket, DaemonManagerOptions optio
                      [] { QCoreApplication::exit(0); });
     QObject::connect(&wakeUp_, &WakeUp::woke, this, [this] { daemon_->startStatusPolling(); });
     QObject::connect(&launches_, &SingleInstanceChannel::showRequested, this,
-                     &TarnwickApp::showOnRequest);
+                     [this](const QByteArray& token) {
+                         appearance_.whenSettled([this, token] { showOnRequest(token); });
+                     });
     connectIcon();
+    QObject::connect(&appearance_, &AppearanceMonitor::changed, this,
+                     [this] { style_.apply(appearance_.appearance()); });
     // The autostart entry starts the program; a session manager must not restore it as well.
     QObject::connect(qApp, &QGuiApplication::commitDataRequest, this, [](QSessionManager& session) {
         session.setRestartHint(QSessionManager::RestartNever);
@@ -106,10 +110,13 @@ void TarnwickApp::showUpdateAlert(const UpdateCheckResult& result) {
 }
 
 void TarnwickApp::connectIcon() {
-    QObject::connect(&statusArea_, &StatusArea::iconClicked, this,
-                     [this] { presenter_.toggle(statusArea_.iconGeometry()); });
-    QObject::connect(&statusArea_, &StatusArea::openChosen, this,
-                     [this] { presenter_.open(statusArea_.iconGeometry()); });
+    // The first frame is to have the desktop's colours.
+    QObject::connect(&statusArea_, &StatusArea::iconClicked, this, [this] {
+        appearance_.whenSettled([this] { presenter_.toggle(statusArea_.iconGeometry()); });
+    });
+    QObject::connect(&statusArea_, &StatusArea::openChosen, this, [this] {
+        appearance_.whenSettled([this] { presenter_.open(statusArea_.iconGeometry()); });
+    });
     QObject::connect(&statusArea_, &StatusArea::quitChosen, qApp, &QCoreApplication::quit);
     const auto showStatus = [this] {
         statusArea_.setStatusLabel(singleLineText(daemon_->state().statusLabel()));

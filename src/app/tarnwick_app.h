@@ -3,12 +3,14 @@
 
 #include "app/panel_presenter.h"
 #include "daemon/daemon_manager.h"
+#include "desktop/appearance_monitor.h"
 #include "desktop/failure_notification.h"
 #include "desktop/single_instance_channel.h"
 #include "desktop/status_area.h"
 #include "desktop/termination_signals.h"
 #include "desktop/wake_up.h"
 #include "ui/controls/held_key_filter.h"
+#include "ui/style/appearance_style.h"
 #include "ui/windows/auth_key_window.h"
 #include "update/update_service.h"
 
@@ -52,6 +54,8 @@ private:
     const Platform platform_;
     TerminationSignals signals_;
     WakeUp wakeUp_;
+    AppearanceMonitor appearance_;
+    AppearanceStyle style_;
     HeldKeyFilter heldKeys_;
     SingleInstanceChannel launches_;
     AuthKeyWindow authKeyWindow_;

@@ -40,6 +40,12 @@ struct X11Display::Xcb {
     decltype(&xcb_intern_atom_reply) internAtomReply = nullptr;
     decltype(&xcb_get_selection_owner) getSelectionOwner = nullptr;
     decltype(&xcb_get_selection_owner_reply) getSelectionOwnerReply = nullptr;
+    decltype(&xcb_get_setup) getSetup = nullptr;
+    decltype(&xcb_setup_roots_iterator) setupRootsIterator = nullptr;
+    decltype(&xcb_get_property) getProperty = nullptr;
+    decltype(&xcb_get_property_reply) getPropertyReply = nullptr;
+    decltype(&xcb_get_property_value) getPropertyValue = nullptr;
+    decltype(&xcb_get_property_value_length) getPropertyValueLength = nullptr;
 
     /// Returns whether all of them were found.
     bool resolve() {
@@ -52,7 +58,13 @@ struct X11Display::Xcb {
         return find(internAtom, "xcb_intern_atom") &&
                find(internAtomReply, "xcb_intern_atom_reply") &&
                find(getSelectionOwner, "xcb_get_selection_owner") &&
-               find(getSelectionOwnerReply, "xcb_get_selection_owner_reply");
+               find(getSelectionOwnerReply, "xcb_get_selection_owner_reply") &&
+               find(getSetup, "xcb_get_setup") &&
+               find(setupRootsIterator, "xcb_setup_roots_iterator") &&
+               find(getProperty, "xcb_get_property") &&
+               find(getPropertyReply, "xcb_get_property_reply") &&
+               find(getPropertyValue, "xcb_get_property_value") &&
+               find(getPropertyValueLength, "xcb_get_property_value_length");
     }
 };
 
@@ -79,13 +91,41 @@ std::uint32_t X11Display::atom(const QByteArray& name) {
     return reply ? reply->atom : std::uint32_t{XCB_ATOM_NONE};
 }
 
-bool X11Display::hasOwner(std::uint32_t selection) {
+std::uint32_t X11Display::owner(std::uint32_t selection) {
     if (!xcb_ || selection == XCB_ATOM_NONE)
-        return false;
+        return XCB_WINDOW_NONE;
     const auto request = xcb_->getSelectionOwner(xcb_->connection, selection);
     const Reply<xcb_get_selection_owner_reply_t> reply(
         xcb_->getSelectionOwnerReply(xcb_->connection, request, nullptr));
-    return reply && reply->owner != XCB_WINDOW_NONE;
+    return reply ? reply->owner : std::uint32_t{XCB_WINDOW_NONE};
+}
+
+QByteArray X11Display::property(std::uint32_t window, const QByteArray& name) {
+    constexpr std::uint32_t longest = 16'384; // in units of four bytes
+    const std::uint32_t property = atom(name);
+    if (property == XCB_ATOM_NONE)
+        return {};
+    if (window == XCB_WINDOW_NONE)
+        window = xcb_->setupRootsIterator(xcb_->getSetup(xcb_->connection)).data->root;
+    const auto request =
+        xcb_->getProperty(xcb_->connection, 0, window, property, XCB_ATOM_ANY, 0, longest);
+    const Reply<xcb_get_property_reply_t> reply(
+        xcb_->getPropertyReply(xcb_->connection, request, nullptr));
+    if (!reply)
+        return {};
+    return {static_cast<const char*>(xcb_->getPropertyValue(reply.get())),
+            xcb_->getPropertyValueLength(reply.get())};
+}
+
+bool X11Display::hasResolutionOfTexts() {
+    if (!xcb_)
+        return false;
+    // Where desktops put it since X resources exist, and where newer ones do.
+    if (property(XCB_WINDOW_NONE, "RESOURCE_MANAGER").contains("Xft.dpi"))
+        return true;
+    const std::uint32_t settings = owner(atom("_XSETTINGS_S" + screenNumber()));
+    return settings != XCB_WINDOW_NONE &&
+           property(settings, "_XSETTINGS_SETTINGS").contains("Xft/DPI");
 }
 
 bool isScreenComposited() {

@@ -25,10 +25,19 @@ public:
 
     std::uint32_t atom(const QByteArray& name);
 
-    bool hasOwner(std::uint32_t selection);
+    bool hasOwner(std::uint32_t selection) { return owner(selection) != 0; }
+
+    /// Whether the session gives its texts a resolution, by which Qt scales everything.
+    bool hasResolutionOfTexts();
 
 private:
     struct Xcb;
+
+    /// The window that owns the selection; 0 for none.
+    std::uint32_t owner(std::uint32_t selection);
+
+    /// The beginning of that property of the window, or of the root window for none.
+    QByteArray property(std::uint32_t window, const QByteArray& name);
     std::unique_ptr<Xcb> xcb_;
 };
 

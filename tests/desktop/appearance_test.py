@@ -6,7 +6,8 @@ import unittest
 
 from screen_reader import Role
 from session import ADDRESS, GOOD_KEY, Session
-from virtual_desktop import Rect, wait_until
+from settings_portal import APPEARANCE, GNOME, SettingsPortal
+from virtual_desktop import Rect, stays, wait_until
 
 LIGHT = ("239,240,241", "35,38,41")
 DARK = ("32,35,38", "252,252,252")
@@ -114,6 +115,165 @@ class TextScale(unittest.TestCase):
         session.open_panel()
         panel = session.desktop.panel(session.client)
         return panel.width if panel else None
+
+
+DARK_PREFERENCE = (APPEARANCE, "color-scheme", "uint32 1")
+LIGHT_PREFERENCE = (APPEARANCE, "color-scheme", "uint32 2")
+MORE_CONTRAST = (APPEARANCE, "contrast", "uint32 1")
+NO_CONTRAST = (APPEARANCE, "contrast", "uint32 0")
+VIOLET = (APPEARANCE, "accent-color", "(0.57, 0.25, 0.67)")
+LARGE_FONT = (GNOME, "font-name", "'DejaVu Sans 22'")
+USUAL_FONT = (GNOME, "font-name", "'DejaVu Sans 10'")
+LARGE_TEXT = (GNOME, "text-scaling-factor", "2.0")
+ABSURD = (
+    (APPEARANCE, "color-scheme", "'dark'"), (APPEARANCE, "contrast", "true"),
+    (APPEARANCE, "accent-color", "(7.0, -1.0, 0.5)"), (GNOME, "font-name", "' '"),
+    (GNOME, "monospace-font-name", "uint32 12"), (GNOME, "text-scaling-factor", "1e9"))
+
+
+class Portal(unittest.TestCase):
+    """The user's choices as the settings portal has them."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.session = cls.enterClassContext(Session(daemon=False, size="1280x1400"))
+        cls.desktop = cls.session.desktop
+
+    def start_portal(self, *settings):
+        portal = SettingsPortal(self.desktop, *settings)
+        self.addCleanup(portal.die)
+        return portal
+
+    def open(self):
+        """The panel of a client that has just been started."""
+        self.session.client.stop()
+        self.session.start_client()
+        return self.open_again()
+
+    def open_again(self):
+        self.session.open_panel()
+        return self.desktop.wait_for_panel(self.session.client)
+
+    def background(self):
+        """The lightest grey in the upper right of the panel, where no text is."""
+        panel = self.desktop.panel(self.session.client)
+        return self.desktop.brightness(Rect(panel.right - 40, panel.y + 14, 20, 8))[1]
+
+    def is_dark(self):
+        return self.background() < 0.3
+
+    def is_light(self):
+        return self.background() > 0.8
+
+    def wait_for(self, condition):
+        wait_until(condition, "the colours", step=0.1, describe=self.background)
+
+    def test_dark_from_the_first_frame(self):
+        self.start_portal(DARK_PREFERENCE)
+        self.open()
+        self.assertTrue(self.is_dark())
+
+    def test_dark_and_light_again_while_open(self):
+        portal = self.start_portal(LIGHT_PREFERENCE)
+        self.open()
+        self.assertTrue(self.is_light())
+        portal.change(DARK_PREFERENCE)
+        self.wait_for(self.is_dark)
+        portal.change(LIGHT_PREFERENCE)
+        self.wait_for(self.is_light)
+
+    def test_high_contrast_while_open(self):
+        portal = self.start_portal(DARK_PREFERENCE, NO_CONTRAST)
+        self.open()
+        self.assertGreater(self.background(), 0.0)
+        portal.change(DARK_PREFERENCE, MORE_CONTRAST)
+        self.wait_for(lambda: self.background() == 0.0)
+        portal.change(LIGHT_PREFERENCE, MORE_CONTRAST)
+        self.wait_for(lambda: self.background() == 1.0)
+
+    def test_accent_colour_of_the_focus_ring(self):
+        self.start_portal(LIGHT_PREFERENCE, VIOLET)
+        self.open()
+        self.desktop.key("Tab")
+
+        def is_violet():
+            panel = self.desktop.panel(self.session.client)
+            picture = self.desktop.screenshot(self.desktop.directory / "panel.png", panel)
+            pixels = self.desktop.pixels(picture, Rect(0, 0, panel.width, panel.height))
+            return any(green + 60 < red and green + 60 < blue for red, green, blue in pixels)
+
+        wait_until(is_violet, "a violet ring")
+
+    def test_font_and_text_scale(self):
+        portal = self.start_portal(USUAL_FONT)
+        usual = self.open()
+        for settings in ((LARGE_FONT,), (USUAL_FONT, LARGE_TEXT)):
+            portal.change(*settings)
+            wait_until(lambda: self.desktop.panel(self.session.client).height > usual.height * 1.2,
+                       "larger texts")
+            portal.change(USUAL_FONT, (GNOME, "text-scaling-factor", "1.0"))
+            wait_until(lambda: self.desktop.panel(self.session.client) == usual, "usual texts")
+
+    def test_text_scale_counts_once_where_the_display_has_it_too(self):
+        self.start_portal(USUAL_FONT).die()
+        usual = self.open()
+        path = self.desktop.home / "xsettings.conf"
+        path.write_text(f"Xft/DPI {96 * 2 * 1024}\n", encoding="utf-8")
+        settings = self.desktop.start("xsettingsd", "-c", path)
+        self.addCleanup(settings.stop)
+        self.start_portal(USUAL_FONT, LARGE_TEXT)
+        panel = self.open()
+        self.assertEqual(panel.width, 600)
+        self.assertAlmostEqual(panel.height, usual.height * 2, delta=12)
+
+    def test_absurd_values_are_as_if_nothing_were_said(self):
+        portal = self.start_portal()
+        usual = self.open()
+        background = self.background()
+        self.session.close_panel()
+        portal.change(*ABSURD)
+        self.assertEqual(self.open_again(), usual)
+        self.assertEqual(self.background(), background)
+        self.assertEqual(self.open(), usual)
+        self.assertEqual(self.background(), background)
+
+    def test_one_that_hangs_holds_nobody_up_and_counts_when_it_goes_on(self):
+        portal = self.start_portal(DARK_PREFERENCE)
+        portal.hang()
+        self.addCleanup(portal.go_on)
+        self.open()
+        self.assertTrue(self.is_light())
+        portal.go_on()
+        self.wait_for(self.is_dark)
+
+    def test_one_that_dies_changes_nothing_and_the_next_is_asked(self):
+        portal = self.start_portal(DARK_PREFERENCE)
+        self.open()
+        portal.die()
+        self.assertTrue(stays(self.is_dark, 1.0))
+        self.start_portal(LIGHT_PREFERENCE)
+        self.wait_for(self.is_light)
+
+    def test_one_that_comes_late_is_asked(self):
+        self.open()
+        self.assertTrue(self.is_light())
+        self.start_portal(DARK_PREFERENCE)
+        self.wait_for(self.is_dark)
+
+
+class PortalOnPlasma(unittest.TestCase):
+    def test_the_palette_stays_plasmas(self):
+        with Session(daemon=False, environment=PLASMA) as session:
+            PlasmaSettings(session.desktop)
+            session.client.stop()
+            portal = SettingsPortal(session.desktop, DARK_PREFERENCE, VIOLET, LARGE_FONT)
+            self.addCleanup(portal.die)
+            session.start_client()
+            session.open_panel()
+            panel = session.desktop.wait_for_panel(session.client)
+            corner = Rect(panel.right - 40, panel.y + 14, 20, 8)
+            lightest = session.desktop.brightness(corner)[1]
+            self.assertAlmostEqual(lightest, 240 / 255, delta=0.02)
 
 
 if __name__ == "__main__":

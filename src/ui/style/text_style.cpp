@@ -11,6 +11,17 @@ namespace tarnwick {
 
 namespace {
 
+/// Of the application object, which is what fonts belong to.
+constexpr const char* monospacedFamilyProperty = "tarnwickMonospacedFamily";
+
+QFont monospacedFont() {
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    const QString family = qApp->property(monospacedFamilyProperty).toString();
+    if (!family.isEmpty())
+        font.setFamily(family);
+    return font;
+}
+
 QFont::Weight fontWeight(const TextLook& look) {
     switch (look.weight) {
     case TextWeight::Medium:
@@ -55,10 +66,12 @@ int scaledSize(TextStyle style) {
     return qRound(nominalSize(style) * userTextScale());
 }
 
+void setMonospacedFamily(const QString& family) {
+    qApp->setProperty(monospacedFamilyProperty, family);
+}
+
 QFont TextLook::font() const {
-    QFont font = QApplication::font();
-    if (design == TextDesign::Monospaced)
-        font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    QFont font = design == TextDesign::Monospaced ? monospacedFont() : QApplication::font();
     font.setPixelSize(scaledSize(style));
     font.setWeight(fontWeight(*this));
     return font;

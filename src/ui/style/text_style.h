@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QFont>
+#include <QString>
 
 namespace tarnwick {
 
@@ -30,6 +31,10 @@ int nominalSize(TextStyle style);
 /// Factor by which the user changed the text size. Default fonts of 9 to 11 points count as 1,
 /// since systems differ in theirs.
 double userTextScale();
+
+/// The family of monospaced texts from now on, "" for the system's. Texts that are shown have to be
+/// sent an ApplicationFontChange.
+void setMonospacedFamily(const QString& family);
 
 /// nominalSize() times userTextScale(), in whole pixels.
 int scaledSize(TextStyle style);
