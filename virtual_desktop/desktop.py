@@ -84,7 +84,8 @@ class Desktop(Screen):
         if self._has_session_bus:
             self.environment["DBUS_SESSION_BUS_ADDRESS"] = self.start_bus("session")
         self.environment["DBUS_SYSTEM_BUS_ADDRESS"] = self.start_bus("system")
-        self.environment["DISPLAY"] = self._start_display()
+        self.environment["DISPLAY"] = self.start_display(
+            "Xvfb", "-screen", "0", f"{self._size}x24", "-dpi", 96)
         self.start_window_manager()
         if self._tray_edge:
             self.start_tray(self._tray_edge)
@@ -121,10 +122,11 @@ class Desktop(Screen):
         self._buses.pop(name).stop(signal.SIGKILL)
         (self.runtime / f"{name}-bus").unlink(missing_ok=True)
 
-    def _start_display(self):
+    def start_display(self, *line, environment=None):
+        """Starts an X server and returns the name of its display."""
         reader, writer = os.pipe()
-        self.start("Xvfb", "-displayfd", writer, "-screen", "0", f"{self._size}x24", "-dpi",
-                   96, "-nolisten", "tcp", "-noreset", pass_fds=(writer,))
+        self.start(*line, "-displayfd", writer, "-nolisten", "tcp", "-noreset",
+                   environment=environment, pass_fds=(writer,))
         os.close(writer)
         with os.fdopen(reader) as pipe:
             number = pipe.readline().strip()

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/panel_presenter.h"
 
+#include "desktop/pointer.h"
+
 #include <QCursor>
 #include <QGuiApplication>
 #include <QScreen>
@@ -22,12 +24,11 @@ const QScreen* screenAt(const QPoint& point) {
     return screen ? screen : QGuiApplication::primaryScreen();
 }
 
-PanelPlacement placementFor(const std::optional<QRect>& icon) {
-    const QPoint cursor = QCursor::pos();
-    const QScreen* screen = screenAt(icon ? icon->center() : cursor);
-    const QRect whole = screen->geometry();
-    const QRect available = screen->availableGeometry();
-    return {icon.value_or(assumedIcon(cursor, whole, available)), whole, available};
+QList<ScreenArea> screenAreas() {
+    QList<ScreenArea> areas;
+    for (const QScreen* screen : QGuiApplication::screens())
+        areas.append({screen->geometry(), screen->availableGeometry(), screen->devicePixelRatio()});
+    return areas;
 }
 
 } // namespace
@@ -42,17 +43,20 @@ MenuBarView& PanelPresenter::panel() {
         QObject::connect(panel_.get(), &MenuBarView::dismissedByDeactivation, this, [this] {
             // Hiding the panel deactivates it too, which is no dismissal.
             if (!panel_->isHidden())
-                dismissal_ = {QCursor::pos(), QDeadlineTimer(longestClick)};
+                dismissal_ = {pointerPosition(), QDeadlineTimer(longestClick)};
         });
     }
     return *panel_;
 }
 
-void PanelPresenter::toggle(const std::optional<QRect>& icon) {
+bool PanelPresenter::Dismissal::mayBeOf(const std::optional<QPoint>& click) const {
+    const bool isSameSpot = !click || !pointer || (*click - *pointer).manhattanLength() < sameSpot;
+    return isSameSpot && !longestClick.hasExpired();
+}
+
+void PanelPresenter::toggle(const IconPlace& icon) {
     // The press of this click may have closed the panel already, by taking its focus.
-    const bool closedByThisClick =
-        dismissal_ && !dismissal_->longestClick.hasExpired() &&
-        (QCursor::pos() - dismissal_->cursor).manhattanLength() < sameSpot;
+    const bool closedByThisClick = dismissal_ && dismissal_->mayBeOf(pointerPosition());
     dismissal_.reset();
     if (isOpen())
         panel_->close();
@@ -60,8 +64,9 @@ void PanelPresenter::toggle(const std::optional<QRect>& icon) {
         open(icon);
 }
 
-void PanelPresenter::open(const std::optional<QRect>& icon) {
-    const PanelPlacement placement = placementFor(icon);
+void PanelPresenter::open(const IconPlace& icon) {
+    const PanelPlacement placement =
+        PanelPlacement::beside({icon.rect, icon.click, pointerPosition()}, screenAreas());
     panel().setMaximumPanelHeight(placement.roomForPanel());
     panel().openAt(placement.position(panel().panelSize()));
 }

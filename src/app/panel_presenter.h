@@ -26,10 +26,10 @@ public:
     PanelPresenter& operator=(const PanelPresenter&) = delete;
 
     /// For a click on the icon: closes an open panel, opens a closed one beside the icon.
-    void toggle(const std::optional<QRect>& icon);
+    void toggle(const IconPlace& icon);
 
     /// Opens the panel, or raises an open one.
-    void open(const std::optional<QRect>& icon);
+    void open(const IconPlace& icon);
 
     /// Opens the panel as an ordinary window, for sessions in which the icon's place is unknown.
     void openAsWindow();
@@ -39,8 +39,10 @@ public:
 private:
     /// The panel closed because it lost the focus, perhaps by the press of a click on the icon.
     struct Dismissal {
-        QPoint cursor;
+        std::optional<QPoint> pointer;
         QDeadlineTimer longestClick;
+
+        bool mayBeOf(const std::optional<QPoint>& click) const;
     };
 
     MenuBarView& panel();

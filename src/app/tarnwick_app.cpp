@@ -111,11 +111,13 @@ void TarnwickApp::showUpdateAlert(const UpdateCheckResult& result) {
 
 void TarnwickApp::connectIcon() {
     // The first frame is to have the desktop's colours.
-    QObject::connect(&statusArea_, &StatusArea::iconClicked, this, [this] {
-        appearance_.whenSettled([this] { presenter_.toggle(statusArea_.iconGeometry()); });
+    QObject::connect(&statusArea_, &StatusArea::iconClicked, this, [this](const IconClick& click) {
+        appearance_.whenSettled([this, point = click.point] {
+            presenter_.toggle({statusArea_.iconGeometry(), point});
+        });
     });
     QObject::connect(&statusArea_, &StatusArea::openChosen, this, [this] {
-        appearance_.whenSettled([this] { presenter_.open(statusArea_.iconGeometry()); });
+        appearance_.whenSettled([this] { presenter_.open({statusArea_.iconGeometry()}); });
     });
     QObject::connect(&statusArea_, &StatusArea::quitChosen, qApp, &QCoreApplication::quit);
     const auto showStatus = [this] {
@@ -129,7 +131,7 @@ void TarnwickApp::showOnRequest(const QByteArray& activationToken) {
     const ActivationTokenScope token(activationToken);
     const std::optional<QRect> icon = statusArea_.iconGeometry();
     if (icon)
-        presenter_.open(icon);
+        presenter_.open({icon});
     else
         presenter_.openAsWindow();
     qunsetenv("XDG_ACTIVATION_TOKEN"); // what we start later has no claim to it

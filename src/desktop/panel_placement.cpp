@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/panel_placement.h"
 
+#include <QPointF>
+
 #include <algorithm>
 #include <array>
 
@@ -20,7 +22,96 @@ QPoint clampedInto(const QRect& area, const QPoint& wanted, const QSize& size) {
             clamped(wanted.y(), area.top(), area.top() + area.height() - size.height())};
 }
 
+const ScreenArea* screenAt(const QPoint& point, const QList<ScreenArea>& screens) {
+    const auto found = std::find_if(screens.begin(), screens.end(), [&](const ScreenArea& screen) {
+        return screen.geometry.contains(point);
+    });
+    return found == screens.end() ? nullptr : &*found;
+}
+
+/// Whether the point is on a screen, but where a bar has reserved room.
+bool isInBar(const QPoint& point, const QList<ScreenArea>& screens) {
+    const ScreenArea* screen = screenAt(point, screens);
+    return screen != nullptr && !screen->available.contains(point);
+}
+
+std::optional<QPoint> fromDevicePixels(const QPoint& point, const QList<ScreenArea>& screens) {
+    for (const ScreenArea& screen : screens) {
+        const QRect& whole = screen.geometry;
+        const QPointF inside = (QPointF(point) - whole.topLeft()) / screen.scale; // cannot overflow
+        if (inside.x() >= 0 && inside.x() < whole.width() && inside.y() >= 0 &&
+            inside.y() < whole.height())
+            return whole.topLeft() +
+                   QPoint(static_cast<int>(inside.x()), static_cast<int>(inside.y()));
+    }
+    return std::nullopt;
+}
+
+/// The end of the bar at which status areas usually are. Of several bars the highest counts.
+QRect usualIcon(const ScreenArea& screen) {
+    const QRect& whole = screen.geometry;
+    QRect icon(0, 0, usualIconSize, usualIconSize);
+    const bool hasTopBar = screen.available.top() > whole.top();
+    const bool hasBottomBar = screen.available.bottom() < whole.bottom();
+    const bool hasLeftBar = screen.available.left() > whole.left();
+    const bool hasRightBar = screen.available.right() < whole.right();
+    if (hasTopBar || !(hasBottomBar || hasLeftBar || hasRightBar))
+        icon.moveTopRight(whole.topRight());
+    else if (hasBottomBar || !hasLeftBar)
+        icon.moveBottomRight(whole.bottomRight());
+    else
+        icon.moveBottomLeft(whole.bottomLeft());
+    return icon;
+}
+
+/// The first screen with a bar, or else the primary one.
+const ScreenArea& usualScreen(const QList<ScreenArea>& screens) {
+    const auto found = std::find_if(screens.begin(), screens.end(), [](const ScreenArea& screen) {
+        return screen.available != screen.geometry;
+    });
+    return found == screens.end() ? screens.first() : *found;
+}
+
 } // namespace
+
+std::optional<QPoint> clickedPoint(const QPoint& reported, const QList<ScreenArea>& screens,
+                                   const std::optional<QPoint>& pointer) {
+    if (reported.isNull()) // what hosts send for a key, or when they do not know
+        return std::nullopt;
+    const std::optional<QPoint> converted = fromDevicePixels(reported, screens);
+    if (screenAt(reported, screens) == nullptr)
+        return converted;
+    if (!converted)
+        return reported;
+    const bool isReportedInBar = isInBar(reported, screens);
+    if (isInBar(*converted, screens) != isReportedInBar)
+        return isReportedInBar ? reported : *converted;
+    const auto distance = [&](const QPoint& point) {
+        return (point - *pointer).manhattanLength();
+    };
+    return pointer && distance(reported) < distance(*converted) ? reported : *converted;
+}
+
+PanelPlacement PanelPlacement::beside(const IconPlace& place, const QList<ScreenArea>& screens) {
+    if (place.rect) {
+        const ScreenArea* screen = screenAt(place.rect->center(), screens);
+        if (screen == nullptr)
+            screen = &screens.first();
+        return {*place.rect, screen->geometry, screen->available};
+    }
+    std::optional<QPoint> point;
+    if (place.click)
+        point = clickedPoint(*place.click, screens, place.pointer);
+    if (!point)
+        point = place.pointer;
+    if (const ScreenArea* screen = point ? screenAt(*point, screens) : nullptr) {
+        QRect icon(0, 0, usualIconSize, usualIconSize);
+        icon.moveCenter(*point);
+        return {icon, screen->geometry, screen->available};
+    }
+    const ScreenArea& screen = usualScreen(screens);
+    return {usualIcon(screen), screen.geometry, screen.available};
+}
 
 PanelPlacement::Edge PanelPlacement::edge() const {
     const QPoint centre = icon.center();
@@ -87,18 +178,6 @@ QPoint PanelPlacement::position(const QSize& panel) const {
             return place.topLeft();
     }
     return clampedInto(area, wishes.front(), panel);
-}
-
-QRect assumedIcon(const QPoint& cursor, const QRect& screen, const QRect& available) {
-    QRect icon(0, 0, usualIconSize, usualIconSize);
-    if (screen.contains(cursor)) {
-        icon.moveCenter(cursor);
-    } else if (available.bottom() < screen.bottom() && available.top() == screen.top()) {
-        icon.moveBottomRight(screen.bottomRight());
-    } else {
-        icon.moveTopRight(screen.topRight());
-    }
-    return icon;
 }
 
 } // namespace tarnwick

@@ -1,11 +1,35 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QList>
 #include <QPoint>
 #include <QRect>
 #include <QSize>
 
+#include <optional>
+
 namespace tarnwick {
+
+/// One screen. Lengths without a unit are device-independent pixels of the virtual desktop.
+struct ScreenArea {
+    QRect geometry;
+    QRect available; ///< The work area.
+    double scale =
+        1; ///< Device pixels for each device-independent one; both agree on the top left.
+};
+
+/// What is known of the icon's place. The first that is known and plausible counts.
+struct IconPlace {
+    std::optional<QRect> rect = {};
+    std::optional<QPoint> click = {}; ///< As a status area reported it; see IconClick::point.
+    std::optional<QPoint> pointer = {};
+};
+
+/// Where a click was that a status area reported in device pixels or in device-independent ones;
+/// none if it cannot have been there. Of two possible places the one in a bar counts, then the one
+/// nearer to the pointer, if that is known.
+std::optional<QPoint> clickedPoint(const QPoint& reported, const QList<ScreenArea>& screens,
+                                   const std::optional<QPoint>& pointer = {});
 
 /// Computes where the panel opens, in device-independent pixels of the virtual desktop.
 struct PanelPlacement {
@@ -14,6 +38,9 @@ struct PanelPlacement {
     QRect available; ///< That screen's work area.
 
     enum class Edge { Top, Bottom, Left, Right };
+
+    /// `screens`: at least one, the primary one first.
+    static PanelPlacement beside(const IconPlace& place, const QList<ScreenArea>& screens);
 
     /// The edge of the screen that holds the status area.
     Edge edge() const;
@@ -25,9 +52,5 @@ struct PanelPlacement {
     /// Covers the icon only when no other place is left.
     QPoint position(const QSize& panel) const;
 };
-
-/// The assumed place of an icon whose real one the status area does not report: the cursor when it
-/// is on that screen, as it has just clicked the icon; else the corner where icons usually are.
-QRect assumedIcon(const QPoint& cursor, const QRect& screen, const QRect& available);
 
 } // namespace tarnwick

@@ -5,6 +5,7 @@
 
 #include <QGuiApplication>
 #include <QLibrary>
+#include <QScreen>
 
 #include <cstdlib>
 #include <type_traits>
@@ -38,6 +39,8 @@ struct X11Display::Xcb {
     xcb_connection_t* connection = nullptr;
     decltype(&xcb_intern_atom) internAtom = nullptr;
     decltype(&xcb_intern_atom_reply) internAtomReply = nullptr;
+    decltype(&xcb_query_extension) queryExtension = nullptr;
+    decltype(&xcb_query_extension_reply) queryExtensionReply = nullptr;
     decltype(&xcb_get_selection_owner) getSelectionOwner = nullptr;
     decltype(&xcb_get_selection_owner_reply) getSelectionOwnerReply = nullptr;
     decltype(&xcb_get_setup) getSetup = nullptr;
@@ -57,6 +60,8 @@ struct X11Display::Xcb {
         };
         return find(internAtom, "xcb_intern_atom") &&
                find(internAtomReply, "xcb_intern_atom_reply") &&
+               find(queryExtension, "xcb_query_extension") &&
+               find(queryExtensionReply, "xcb_query_extension_reply") &&
                find(getSelectionOwner, "xcb_get_selection_owner") &&
                find(getSelectionOwnerReply, "xcb_get_selection_owner_reply") &&
                find(getSetup, "xcb_get_setup") &&
@@ -126,6 +131,20 @@ bool X11Display::hasResolutionOfTexts() {
     const std::uint32_t settings = owner(atom("_XSETTINGS_S" + screenNumber()));
     return settings != XCB_WINDOW_NONE &&
            property(settings, "_XSETTINGS_SETTINGS").contains("Xft/DPI");
+}
+
+bool X11Display::isXwayland() {
+    if (!xcb_)
+        return false;
+    // Older ones name their screens so and have no such extension.
+    if (qGuiApp->primaryScreen()->name().startsWith("XWAYLAND"_L1))
+        return true;
+    const QByteArray extension("XWAYLAND");
+    const auto request = xcb_->queryExtension(
+        xcb_->connection, static_cast<std::uint16_t>(extension.size()), extension);
+    const Reply<xcb_query_extension_reply_t> reply(
+        xcb_->queryExtensionReply(xcb_->connection, request, nullptr));
+    return reply && reply->present != 0;
 }
 
 bool isScreenComposited() {

@@ -30,6 +30,10 @@ public:
     /// Whether the session gives its texts a resolution, by which Qt scales everything.
     bool hasResolutionOfTexts();
 
+    /// Whether the X server draws into a Wayland compositor's windows and sees only what happens
+    /// over X windows.
+    bool isXwayland();
+
 private:
     struct Xcb;
 

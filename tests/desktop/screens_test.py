@@ -3,6 +3,7 @@
 
 import unittest
 
+from status_notifier_host import StatusNotifierHost
 from virtual_desktop import Desktop, Rect
 
 
@@ -39,6 +40,22 @@ class Screens(unittest.TestCase):
                     self.assertEqual(panel.width, width)
                     self.assertTrue(Rect(0, 0, 1600, 1200).contains(panel), panel)
                     self.assertFalse(panel.intersects(icon), (panel, icon))
+
+    def test_a_click_that_a_host_reports_is_where_the_panel_opens_at_every_scale(self):
+        for scale, edge, x in ((1, "top", 300), (1.25, "top", 700), (2, "top", 1300),
+                               (1.25, "bottom", 900), (2, "bottom", 400)):
+            with self.subTest(scale=scale, edge=edge), Desktop(size="1600x1200") as desktop:
+                desktop.environment["QT_SCALE_FACTOR"] = str(scale)
+                desktop.start_tray(edge, "left", height=40)  # reserves the room of a bar
+                address = desktop.environment["DBUS_SESSION_BUS_ADDRESS"]
+                with StatusNotifierHost(address) as host:
+                    client = desktop.start_client()
+                    desktop.move_mouse((20, 600))
+                    host.activate((x, 20 if edge == "top" else 1180))
+                    panel = desktop.wait_for_panel(client)
+                    self.assertLess(abs(panel.center[0] - x), 4, panel)
+                    touches = panel.y - 40 if edge == "top" else 1160 - panel.bottom
+                    self.assertTrue(0 <= touches <= 8, (panel, touches))
 
     def test_on_a_tiny_screen_it_shows_as_much_as_there_is_room_for(self):
         with Desktop(size="340x240", tray="top") as desktop:

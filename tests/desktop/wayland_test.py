@@ -58,5 +58,41 @@ class Wayland(unittest.TestCase):
         wait_until(lambda: "wl_display" in client.output(), "a connection to Wayland")
 
 
+class Xwayland(unittest.TestCase):
+    """An X server whose pointer is that of a Wayland session, known over X windows alone."""
+
+    def setUp(self):
+        self.desktop = self.enterContext(Desktop())
+        self.desktop.start("weston", "--backend=headless-backend.so", "--width=1280",
+                           "--height=800", "--socket=wayland-test", "--idle-time=0", "--no-config")
+        wait_until((self.desktop.runtime / "wayland-test").exists, "weston")
+        # A whole screen in one window: weston would place windows of its own accord.
+        display = self.desktop.start_display("Xwayland",
+                                             environment={"WAYLAND_DISPLAY": "wayland-test"})
+        self.desktop.environment.update(DISPLAY=display)
+        self.desktop.start_window_manager()
+        self.desktop.move_mouse((300, 500))
+
+    def open_at(self, point):
+        address = self.desktop.environment["DBUS_SESSION_BUS_ADDRESS"]
+        with StatusNotifierHost(address) as host:
+            client = self.desktop.start_client()
+            host.activate(point)
+            panel = self.desktop.wait_for_panel(client)
+            host.activate(point)
+            self.desktop.wait_for_no_panel(client)
+        return panel
+
+    def test_it_opens_where_the_click_was(self):
+        panel = self.open_at((500, 10))
+        self.assertLess(abs(panel.center[0] - 500), 4, panel)
+        self.assertLess(panel.y, 40)
+
+    def test_where_the_click_is_unknown_it_opens_in_the_corner_and_not_at_the_stale_pointer(self):
+        panel = self.open_at((0, 0))
+        self.assertEqual(panel.right, 1280)
+        self.assertLess(panel.y, 40)
+
+
 if __name__ == "__main__":
     unittest.main()

@@ -19,7 +19,7 @@ protected:
         panel_->hide();
     }
 
-    const QRect icon_{400, 0, 24, 24};
+    const IconPlace icon_{QRect(400, 0, 24, 24)};
     test::ControllerWorld world_;
     std::shared_ptr<DaemonManager> daemon_ = world_.create();
     int made_ = 0;
@@ -44,7 +44,7 @@ TEST_F(PanelPresenterTest, MakesThePanelOnTheFirstClickAndKeepsIt) {
 TEST_F(PanelPresenterTest, AClickOpensAndASecondCloses) {
     presenter_.toggle(icon_);
     EXPECT_TRUE(presenter_.isOpen());
-    EXPECT_GE(panel_->y(), icon_.bottom() + 1);
+    EXPECT_GE(panel_->y(), icon_.rect->bottom() + 1);
     presenter_.toggle(icon_);
     EXPECT_FALSE(presenter_.isOpen());
 }
@@ -84,7 +84,7 @@ TEST_F(PanelPresenterTest, WithoutAnIconItIsAnOrdinaryWindowThatStays) {
 }
 
 TEST_F(PanelPresenterTest, AnIconOffEveryScreenStillGivesAPlaceOnOne) {
-    presenter_.open(QRect(90'000, 90'000, 24, 24));
+    presenter_.open({QRect(90'000, 90'000, 24, 24)});
     EXPECT_TRUE(QGuiApplication::primaryScreen()->geometry().contains(panel_->pos()));
 }
 

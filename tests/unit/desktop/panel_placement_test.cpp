@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <ostream>
 #include <string>
 
@@ -124,17 +125,148 @@ TEST(PanelPlacement, OnAScreenSmallerThanThePanelItsTopLeftShows) {
     EXPECT_EQ(placement.position(panel), QPoint(-160, 0));
 }
 
-TEST(AssumedIcon, IsRoundTheCursorThatClickedIt) {
-    const QRect icon = assumedIcon({1200, 10}, screen, belowTopDock);
-    EXPECT_TRUE(icon.contains(QPoint(1200, 10)));
-    EXPECT_LE(icon.width(), 24);
+namespace {
+
+constexpr QRect noBar = screen;
+constexpr QRect aboveBottomBar(0, 0, 1280, 760);
+constexpr QRect besideLeftBar(48, 0, 1232, 800);
+constexpr QRect besideRightBar(0, 0, 1232, 800);
+constexpr QRect underBar(0, 32, 1280, 768);
+
+struct Click {
+    const char* name;
+    QList<ScreenArea> screens;
+    QPoint reported;
+    std::optional<QPoint> meant;
+};
+
+void PrintTo(const Click& click, std::ostream* out) {
+    *out << click.name;
 }
 
-TEST(AssumedIcon, IsInTheUsualCornerWhenTheCursorIsElsewhere) {
-    EXPECT_EQ(assumedIcon({-5, -5}, screen, belowTopDock).topRight(), screen.topRight());
-    EXPECT_EQ(assumedIcon({-5, -5}, screen, screen).topRight(), screen.topRight());
-    const QRect aboveDock(0, 0, 1280, 760);
-    EXPECT_EQ(assumedIcon({-5, -5}, screen, aboveDock).bottomRight(), screen.bottomRight());
+class ClickedPointTest : public testing::TestWithParam<Click> {};
+
+std::string nameOfClick(const testing::TestParamInfo<Click>& tested) {
+    return tested.param.name;
+}
+
+QList<ScreenArea> scaled(double scale) {
+    return {{screen, underBar, scale}};
+}
+
+/// A dense screen and to its right an ordinary one.
+const QList<ScreenArea> twoScreens{{{0, 0, 1280, 800}, underBar, 2},
+                                   {{2560, 0, 1920, 1080}, {2560, 0, 1920, 1040}, 1}};
+
+constexpr int least = std::numeric_limits<int>::min();
+constexpr int most = std::numeric_limits<int>::max();
+
+} // namespace
+
+TEST_P(ClickedPointTest, IsFound) {
+    const Click& click = GetParam();
+    EXPECT_EQ(clickedPoint(click.reported, click.screens), click.meant);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Scales, ClickedPointTest,
+    testing::Values(
+        Click{"AtOne", scaled(1), {1200, 16}, QPoint(1200, 16)},
+        Click{"AtOneAndAQuarterInDevicePixels", scaled(1.25), {1500, 20}, QPoint(1200, 16)},
+        Click{"AtTwoInDevicePixels", scaled(2), {2400, 32}, QPoint(1200, 16)},
+        Click{"AtTwoInDeviceIndependentPixelsOfABottomBar",
+              {{screen, aboveBottomBar, 2}},
+              {1200, 780},
+              QPoint(1200, 780)},
+        Click{"AtTwoInDevicePixelsOfABottomBar",
+              {{screen, aboveBottomBar, 2}},
+              {2400, 1560},
+              QPoint(1200, 780)},
+        Click{"AtTwoWithoutABarItIsDevicePixels", {{screen, noBar, 2}}, {1200, 16}, QPoint(600, 8)},
+        Click{"AtTheLastDevicePixel", scaled(1.25), {1599, 999}, QPoint(1279, 799)}),
+    nameOfClick);
+
+INSTANTIATE_TEST_SUITE_P(
+    Screens, ClickedPointTest,
+    testing::Values(Click{"OnTheDenseOne", twoScreens, {2540, 30}, QPoint(1270, 15)},
+                    Click{"OnTheOtherOne", twoScreens, {4400, 1060}, QPoint(4400, 1060)},
+                    Click{
+                        "LeftOfThePrimary",
+                        {{screen, noBar, 1}, {{-1920, 0, 1920, 1080}, {-1920, 26, 1920, 1054}, 1}},
+                        {-10, 10},
+                        QPoint(-10, 10)}),
+    nameOfClick);
+
+INSTANTIATE_TEST_SUITE_P(Nowhere, ClickedPointTest,
+                         testing::Values(Click{"NotKnown", scaled(1), {0, 0}, {}},
+                                         Click{"OutsideOfEveryScreen", scaled(2), {2560, 10}, {}},
+                                         Click{"Negative", scaled(1), {-1, 10}, {}},
+                                         Click{"Least", twoScreens, {least, least}, {}},
+                                         Click{"Most", twoScreens, {most, most}, {}},
+                                         Click{"Mixed", twoScreens, {most, least}, {}}),
+                         nameOfClick);
+
+TEST(ClickedPoint, OfTwoPlacesInABarTheOneNearerToThePointerCounts) {
+    EXPECT_EQ(clickedPoint({1200, 16}, scaled(2)), QPoint(600, 8));
+    EXPECT_EQ(clickedPoint({1200, 16}, scaled(2), QPoint(610, 10)), QPoint(600, 8));
+    EXPECT_EQ(clickedPoint({1200, 16}, scaled(2), QPoint(1190, 10)), QPoint(1200, 16));
+}
+
+TEST(IconPlaceTest, TheRectangleCountsFirst) {
+    const QRect icon(100, 1, 24, 24);
+    const auto placement =
+        PanelPlacement::beside({icon, QPoint(600, 16), QPoint(900, 16)}, scaled(1));
+    EXPECT_EQ(placement.icon, icon);
+    EXPECT_EQ(placement.available, underBar);
+}
+
+TEST(IconPlaceTest, TheClickCountsBeforeThePointer) {
+    const auto placement =
+        PanelPlacement::beside({{}, QPoint(600, 16), QPoint(900, 16)}, scaled(1));
+    EXPECT_TRUE(placement.icon.contains(QPoint(600, 16)));
+    EXPECT_LE(placement.icon.width(), 24);
+}
+
+TEST(IconPlaceTest, ThePointerCountsWhereTheClickIsNowhere) {
+    for (const std::optional<QPoint> click : {std::optional<QPoint>(), {{0, 0}}, {{-7, 90'000}}}) {
+        const auto placement = PanelPlacement::beside({{}, click, QPoint(900, 16)}, scaled(1));
+        EXPECT_TRUE(placement.icon.contains(QPoint(900, 16)));
+    }
+}
+
+TEST(IconPlaceTest, AClickOnTheSecondScreenOpensThere) {
+    const auto placement = PanelPlacement::beside({{}, QPoint(4400, 1060)}, twoScreens);
+    EXPECT_EQ(placement.screen, twoScreens[1].geometry);
+    EXPECT_EQ(placement.edge(), Edge::Bottom);
+    EXPECT_EQ(QRect(placement.position(panel), panel).bottom(), 1039);
+}
+
+TEST(IconPlaceTest, APlaceOffEveryScreenIsOnThePrimaryOne) {
+    const auto placement = PanelPlacement::beside({QRect(90'000, 90'000, 24, 24)}, twoScreens);
+    EXPECT_EQ(placement.screen, twoScreens[0].geometry);
+}
+
+TEST(IconPlaceTest, WithNothingKnownThePanelIsInTheUsualCornerBesideTheBar) {
+    const std::pair<QRect, QRect> corners[] = {
+        {underBar, {980, 32, 300, 400}},
+        {aboveBottomBar, {980, 360, 300, 400}},
+        {besideLeftBar, {48, 400, 300, 400}},
+        {besideRightBar, {932, 400, 300, 400}},
+        {noBar, {980, 24, 300, 400}},
+        {{0, 32, 1280, 720}, {980, 32, 300, 400}},
+        {{48, 32, 1232, 768}, {980, 32, 300, 400}},
+    };
+    for (const auto& [available, expected] : corners) {
+        const auto placement =
+            PanelPlacement::beside({{}, {}, QPoint(-5, -5)}, {{screen, available, 1}});
+        EXPECT_EQ(QRect(placement.position(panel), panel), expected);
+    }
+}
+
+TEST(IconPlaceTest, WithNothingKnownTheScreenWithTheBarIsTaken) {
+    const auto placement = PanelPlacement::beside(
+        {}, {{screen, noBar, 1}, {{1280, 0, 1280, 800}, {1280, 0, 1280, 760}, 1}});
+    EXPECT_EQ(placement.position(panel), QPoint(2260, 360));
 }
 
 } // namespace tarnwick
