@@ -2,7 +2,7 @@
 """GNOME Shell, on X and as a Wayland compositor."""
 
 from shell import COMMON, SIZE, NestedShell, Shell, XShell
-from virtual_desktop import wait_until
+from virtual_desktop import stays, wait_until
 
 EXTENSION = "ubuntu-appindicators@ubuntu.com"
 
@@ -25,7 +25,7 @@ class Gnome(Shell):
             self.run("gsettings", "set", "org.gnome.shell", key, value, check=True)
 
     def leave_overview(self):
-        """A session without windows begins in the overview."""
+        """A session without windows begins in the overview, sooner or later."""
         self.wait_for_name("--session", "org.gnome.Shell")
 
         def is_left():
@@ -37,7 +37,7 @@ class Gnome(Shell):
                 "/org/gnome/Shell", "--method", "org.freedesktop.DBus.Properties.Get",
                 "org.gnome.Shell", "OverviewActive")
 
-        wait_until(is_left, "the overview to close", 60, 0.5, self.describe)
+        wait_until(lambda: stays(is_left, 4.0, step=0.5), "the overview to close", 60, 0.5, self.describe)
 
     def restart(self):
         for verb in ("disable", "enable"):

@@ -16,6 +16,7 @@ class Plasma(Shell):
     packages = f"{PACKAGES} kwin-x11 kwin-wayland plasma-workspace-wayland kded5 xwayland"
     edge = "bottom"
     bar = 44
+    daemon = "kded5"
     variables = {"XDG_CURRENT_DESKTOP": "KDE", "DESKTOP_SESSION": "plasma", "KDE_FULL_SESSION": "true",
                  "KDE_SESSION_VERSION": "5"}
 
@@ -53,5 +54,19 @@ class PlasmaWayland(Plasma, NestedShell):
                    "--x11-display", self.environment["DISPLAY"], "--socket", "wayland-0", "--",
                    "sh", "-c", f"env >{told}.new; mv {told}.new {told}")
         self.wait_for_file(told)
-        self.start("kded5")
+        self.start(self.daemon)
         self.start("plasmashell")
+
+
+PACKAGES_13 = f"{PACKAGES} kwin-x11 kwin-wayland plasma-session-x11 plasma-session-wayland kded6 xwayland"
+
+
+class Plasma6X11(PlasmaX11):
+    packages = PACKAGES_13
+    variables = {**PlasmaX11.variables, "KDE_SESSION_VERSION": "6"}
+
+
+class Plasma6Wayland(PlasmaWayland):
+    packages = PACKAGES_13
+    variables = {**PlasmaWayland.variables, "KDE_SESSION_VERSION": "6"}
+    daemon = "kded6"

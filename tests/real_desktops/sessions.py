@@ -2,7 +2,7 @@
 """The sessions that can be tried, by their names: release of Debian and shell."""
 
 from gnome import GnomeWayland, GnomeX11, GnomeX11Plain
-from plasma import PlasmaWayland, PlasmaX11
+from plasma import Plasma6Wayland, Plasma6X11, PlasmaWayland, PlasmaX11
 from sway import Sway
 from x11_shells import Cinnamon, Lxqt, Mate, Xfce
 
@@ -17,4 +17,8 @@ SESSIONS = {
     "lxqt": ("bookworm", Lxqt),
     "cinnamon": ("bookworm", Cinnamon),
     "sway": ("bookworm", Sway),
+    "gnome-wayland-13": ("trixie", GnomeWayland),
+    "gnome-x11-13": ("trixie", GnomeX11),
+    "plasma-x11-13": ("trixie", Plasma6X11),
+    "plasma-wayland-13": ("trixie", Plasma6Wayland),
 }

@@ -29,5 +29,5 @@ class Sway(NestedShell):
         self.wait_for_status_area()
 
     def restart(self):
-        self.run("pkill", "-KILL", "-x", "waybar", check=True)
+        self.crash_watcher()
         self.run("swaymsg", "reload", check=True)

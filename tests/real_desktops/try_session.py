@@ -8,7 +8,7 @@ import subprocess
 import sys
 import time
 
-from checks import CHECKS
+from checks import CHECKS, WITHOUT_STATUS_AREA
 from sessions import SESSIONS
 from trial import No, Trial
 
@@ -25,12 +25,13 @@ def one_check(check, trial):
 
 def all_checks(trial):
     cells = {}
-    for name, check in CHECKS.items():
+    for name in CHECKS if trial.shell.has_status_area else WITHOUT_STATUS_AREA:
+        check = CHECKS[name]
         began = time.monotonic()
         cells[name] = one_check(check, trial)
         holds, text = cells[name]
         print(f"  {name}: {'yes' if holds else 'NO'}: {text} ({time.monotonic() - began:.1f} s)", flush=True)
-        if trial.icon is None:
+        if trial.icon is None and trial.shell.has_status_area:
             break
     return cells
 

@@ -55,7 +55,7 @@ class Lxqt(XShell):
 
     def restart(self):
         """The session starts what has crashed again."""
-        self.run("pkill", "-KILL", "-x", "lxqt-panel", check=True)
+        self.crash_watcher()
 
 
 class Cinnamon(XShell):
