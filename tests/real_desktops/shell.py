@@ -39,7 +39,8 @@ class Shell(Desktop):
         self.environment.update(self.variables)
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = self.start_bus("session")
         self.environment["DBUS_SYSTEM_BUS_ADDRESS"] = self.start_bus("system")
-        self.environment["DISPLAY"] = self._start_display()
+        self.environment["DISPLAY"] = self.start_display(
+            "Xvfb", "-screen", "0", "{}x{}x24".format(*SIZE), "-dpi", 96)
         self.hand = Screen(self.directory, dict(self.environment))
         self.announce_environment()
         self._keep_the_client_from_starting()
