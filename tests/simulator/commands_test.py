@@ -212,6 +212,23 @@ class CommandsTest(unittest.TestCase):
         self.daemon.tool("status", "--json")
         return time.perf_counter() - begin
 
+class LargeNetwork(unittest.TestCase):
+    def test_the_status_of_a_thousand_peers_fits_into_a_pipe_of_a_mebibyte(self):
+        world = quick_world()
+        network = next(network for network in world["networks"]
+                       if network["name"] == "harbor-labs")
+        network["peers"] = [{"hostName": f"device-{number:04}", "os": "linux",
+                             "user": "ops@harborlabs.example",
+                             "addresses": [f"100.72.{100 + number // 250}.{number % 250}",
+                                           f"fd7a:4e2b:91c0::{number + 0x1000:x}"]}
+                            for number in range(1000)]
+        with SimulatedDaemon(world=world) as daemon:
+            daemon.log_in("twkey-harbor-good")
+            output = daemon.tool("status", "--json").stdout
+            self.assertEqual(len(daemon.status()["Peer"]), 1000)
+            self.assertIn(b'\n  "BackendState": "Running"', output)
+            self.assertLess(len(output), 1 << 20)
+
 
 if __name__ == "__main__":
     unittest.main()
