@@ -63,7 +63,8 @@ std::shared_ptr<DaemonManager> DaemonManager::create(DaemonManagerOptions option
 
 DaemonManager::DaemonManager(DaemonManagerOptions options)
     : nudgeDaemon_(options.platform.nudgeDaemon), timing_(options.timing),
-      details_(options.settings ? std::move(options.settings) : userSettings(options.platform)),
+      details_(options.settings ? std::move(options.settings) : userSettings(options.platform),
+               options.platform.profileDetailsKey),
       refresh_(timing_.profileRefreshInterval),
       installer_(sourcesOf(options), timing_, cancellation_),
       runner_(installer_.sources().tools.cliPath, installer_.sources().paths, timing_,

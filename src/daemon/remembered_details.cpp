@@ -6,8 +6,8 @@
 
 namespace tarnwick {
 
-RememberedDetails::RememberedDetails(std::unique_ptr<QSettings> settings)
-    : store_(std::move(settings)) {}
+RememberedDetails::RememberedDetails(std::unique_ptr<QSettings> settings, const QString& key)
+    : store_(std::move(settings), key) {}
 
 QList<NetworkProfile> RememberedDetails::enrich(QList<NetworkProfile> list) const {
     const ProfileDetailsMap remembered = store_.load();

@@ -16,7 +16,7 @@ namespace tarnwick {
 /// They outlive the program. Main thread only; nothing reports an error.
 class RememberedDetails {
 public:
-    explicit RememberedDetails(std::unique_ptr<QSettings> settings);
+    RememberedDetails(std::unique_ptr<QSettings> settings, const QString& key);
 
     /// `list` with the details of each profile that any are remembered of.
     QList<NetworkProfile> enrich(QList<NetworkProfile> list) const;

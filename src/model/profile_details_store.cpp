@@ -13,8 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const auto detailsKey = "tarnwick.profileDetails"_L1;
-
 // QSettings waits without end, on this the main thread, for another process that holds the
 // settings file's lock. Whether one does can be asked first.
 bool isLockedByAnother(const QSettings& settings) {
@@ -27,8 +25,8 @@ bool isLockedByAnother(const QSettings& settings) {
 
 } // namespace
 
-ProfileDetailsStore::ProfileDetailsStore(std::unique_ptr<QSettings> settings)
-    : settings_(std::move(settings)) {}
+ProfileDetailsStore::ProfileDetailsStore(std::unique_ptr<QSettings> settings, QString key)
+    : settings_(std::move(settings)), key_(std::move(key)) {}
 
 ProfileDetailsStore::~ProfileDetailsStore() = default;
 
@@ -43,12 +41,12 @@ void ProfileDetailsStore::save(const ProfileDetailsMap& details) {
     settings_->sync(); // notices a file that somebody else changed, removed or damaged
     if (storedData() == data)
         return;
-    settings_->setValue(QAnyStringView(detailsKey), data);
+    settings_->setValue(key_, data);
     settings_->sync();
 }
 
 QByteArray ProfileDetailsStore::storedData() const {
-    const QVariant value = settings_->value(QAnyStringView(detailsKey));
+    const QVariant value = settings_->value(key_);
     return value.typeId() == QMetaType::QByteArray ? value.toByteArray() : QByteArray();
 }
 

@@ -29,7 +29,8 @@ using ProfileDetailsMap = QMap<QString, NetworkProfileDetails>;
 /// what could not be saved is saved with the next poll.
 class ProfileDetailsStore {
 public:
-    explicit ProfileDetailsStore(std::unique_ptr<QSettings> settings);
+    /// `key` is the entry's name as QSettings takes it.
+    ProfileDetailsStore(std::unique_ptr<QSettings> settings, QString key);
     ~ProfileDetailsStore();
     ProfileDetailsStore(const ProfileDetailsStore&) = delete;
     ProfileDetailsStore& operator=(const ProfileDetailsStore&) = delete;
@@ -48,6 +49,7 @@ private:
     QByteArray storedData() const;
 
     std::unique_ptr<QSettings> settings_;
+    QString key_;
 };
 
 } // namespace tarnwick

@@ -52,6 +52,7 @@ Platform linuxPlatform() {
                         {QStringLiteral("--no-ask-password"), QStringLiteral("start"), job}},
         .settingsOrganization = QStringLiteral("tarnwick"),
         .settingsApplication = QStringLiteral("client"),
+        .profileDetailsKey = QStringLiteral("tarnwick.profileDetails"),
         .version = versionCompiledIn,
         .computerName = computerNameFromMachineInfo,
         .templateIcon = false,

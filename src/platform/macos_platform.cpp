@@ -72,6 +72,9 @@ Platform macOSPlatform() {
         .nudgeDaemon = {QStringLiteral("/bin/launchctl"), {QStringLiteral("start"), job}},
         .settingsOrganization = QStringLiteral("tarnwick.com"),
         .settingsApplication = QStringLiteral("client"),
+        // The entry is "tarnwick.profileDetails": there QSettings stores "/" as ".", and a "." as
+        // another character.
+        .profileDetailsKey = QStringLiteral("tarnwick/profileDetails"),
         .version = versionFromBundle,
         .computerName = computerNameFromSystemConfiguration,
         .templateIcon = true,

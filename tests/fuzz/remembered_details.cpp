@@ -20,7 +20,8 @@ namespace {
 ProfileDetailsMap loadedFromSettings(const QByteArray& bytes) {
     static auto* const settings =
         new QSettings(QStringLiteral("/dev/null/none"), QSettings::IniFormat);
-    static const ProfileDetailsStore store{std::unique_ptr<QSettings>(settings)};
+    static const ProfileDetailsStore store{std::unique_ptr<QSettings>(settings),
+                                           QStringLiteral("tarnwick.profileDetails")};
     settings->setValue(QAnyStringView("tarnwick.profileDetails"), bytes);
     return store.load();
 }

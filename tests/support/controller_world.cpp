@@ -101,11 +101,11 @@ void ControllerWorld::openGate() const {
 }
 
 ProfileDetailsMap ControllerWorld::storedDetails() const {
-    return ProfileDetailsStore(std::move(options().settings)).load();
+    return ProfileDetailsStore(std::move(options().settings), platform.profileDetailsKey).load();
 }
 
 void ControllerWorld::storeDetails(const ProfileDetailsMap& details) const {
-    ProfileDetailsStore(std::move(options().settings)).save(details);
+    ProfileDetailsStore(std::move(options().settings), platform.profileDetailsKey).save(details);
 }
 
 QByteArray ControllerWorld::connectedStatus() {

@@ -87,6 +87,13 @@ TEST_F(ProfileDetails, ProfilesThatAreGoneAreForgottenAndOthersEnriched) {
     EXPECT_EQ(manager->state().profiles[1].hostname, u"old"_s);
 }
 
+TEST_F(ProfileDetails, AreAskedForByThePlatformsKey) {
+    world_.platform.profileDetailsKey = macOSPlatform().profileDetailsKey;
+    const auto manager = world_.createRefreshed();
+    const QSettings settings(world_.settingsFile(), QSettings::IniFormat);
+    EXPECT_EQ(settings.allKeys(), QStringList{u"tarnwick/profileDetails"_s});
+}
+
 TEST_F(ProfileDetails, OutliveTheController) {
     world_.createRefreshed().reset();
     world_.answer("status", ControllerWorld::stoppedStatus());

@@ -36,7 +36,9 @@ protected:
         return std::make_unique<QSettings>(file(), QSettings::IniFormat);
     }
 
-    ProfileDetailsStore store() const { return ProfileDetailsStore(settings()); }
+    ProfileDetailsStore store() const {
+        return ProfileDetailsStore(settings(), u"tarnwick.profileDetails"_s);
+    }
 
     void writeFile(const QByteArray& content) const {
         QFile target(file());
@@ -175,7 +177,8 @@ TEST_F(ProfileDetailsStoreTest, UnwritableDirectoryKeepsTheOldValueAndALaterSave
 TEST_F(ProfileDetailsStoreTest, MissingDirectoryUnderAFileNeverCrashes) {
     writeFile("a file where a directory should be");
     ProfileDetailsStore running(
-        std::make_unique<QSettings>(file() + u"/client.conf"_s, QSettings::IniFormat));
+        std::make_unique<QSettings>(file() + u"/client.conf"_s, QSettings::IniFormat),
+        u"tarnwick.profileDetails"_s);
     running.save(some);
     running.save(others);
     EXPECT_TRUE(QFile::exists(file()));

@@ -68,6 +68,13 @@ TEST(LinuxPlatform, PolicyKitGetsTheLineAsOneArgumentOfAShell) {
                            {u"--disable-internal-agent"_s, u"/bin/sh"_s, u"-c"_s, line}}));
 }
 
+// There QSettings stores "/" as "." and "." as "\u00b7".
+TEST(MacOSPlatform, RememberedDetailsAreStoredUnderTheSameNameAsOnLinux) {
+    const QString name = u"tarnwick.profileDetails"_s;
+    EXPECT_EQ(macOSPlatform().profileDetailsKey.replace(u'.', u'\u00b7').replace(u'/', u'.'), name);
+    EXPECT_EQ(linuxPlatform().profileDetailsKey, name);
+}
+
 TEST(HostPlatform, IsTheOneOfThisSystem) {
     EXPECT_EQ(hostPlatform().systemName, QSysInfo::kernelType());
 }
