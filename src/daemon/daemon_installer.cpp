@@ -11,6 +11,9 @@
 #include <QSaveFile>
 #include <QStringList>
 
+#include <optional>
+#include <tuple>
+
 namespace tarnwick {
 
 using namespace Qt::StringLiterals;
@@ -28,6 +31,17 @@ QString quoted(const QString& path) {
 
 QString copy(const QString& from, const QString& to) {
     return u"cp "_s + quoted(from) + u' ' + quoted(to);
+}
+
+// A quote ends the quoting, and what stands behind it would be run as administrator.
+std::optional<QString> firstWithQuote(const DaemonInstaller::Sources& sources,
+                                      const QString& jobFile) {
+    for (const QString& path : {sources.tools.daemonPath, sources.tools.cliPath, jobFile,
+                                sources.platform.installDir, sources.platform.installedJobFile}) {
+        if (path.contains(u'\''))
+            return path;
+    }
+    return std::nullopt;
 }
 
 // The job description to copy: the packaged one, else one that is written for it.
@@ -64,7 +78,16 @@ Outcome run(const CommandLine& command, const Environment& environment, const Ti
 
 DaemonInstaller::DaemonInstaller(Sources sources, Timing timing, CancellationToken cancellation)
     : sources_(std::move(sources)), timing_(timing), cancellation_(std::move(cancellation)) {
-    pool_.setMaxThreadCount(maxOpenPrompts);
+    pool_->setMaxThreadCount(maxOpenPrompts);
+}
+
+// The cancellation ends every wait for a prompt. What is stuck in the kernel all the same, with a
+// packaged file on a dead network mount for instance, is left behind with its pool.
+DaemonInstaller::~DaemonInstaller() {
+    constexpr int leavingTimeout = 150; // milliseconds
+    pool_->clear();
+    if (!pool_->waitForDone(leavingTimeout))
+        std::ignore = pool_.release();
 }
 
 bool DaemonInstaller::isInstalled() const {
@@ -72,14 +95,18 @@ bool DaemonInstaller::isInstalled() const {
 }
 
 void DaemonInstaller::install(std::function<void(const Outcome&)> done) {
-    pool_.start([sources = sources_, timing = timing_, cancellation = cancellation_,
-                 done = std::move(done)]() mutable {
+    pool_->start([sources = sources_, timing = timing_, cancellation = cancellation_,
+                  done = std::move(done)]() mutable {
         Outcome outcome;
         if (!cancellation.isCancelled()) {
             enterUserInitiatedQualityOfService();
             const Platform& platform = sources.platform;
-            const QString line = installLine(platform, sources.tools, jobFileOf(sources));
-            outcome = run(platform.authorise(line), sources.environment, timing, cancellation);
+            const QString jobFile = jobFileOf(sources);
+            const QString line = installLine(platform, sources.tools, jobFile);
+            if (const auto path = firstWithQuote(sources, jobFile))
+                outcome.message = u"Failed to install: there is a single quote in "_s + *path;
+            else
+                outcome = run(platform.authorise(line), sources.environment, timing, cancellation);
         }
         postToMainQueue([outcome, done = std::move(done)] { done(outcome); });
     });

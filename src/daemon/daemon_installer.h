@@ -12,6 +12,7 @@
 #include <QThreadPool>
 
 #include <functional>
+#include <memory>
 
 namespace tarnwick {
 
@@ -34,6 +35,9 @@ public:
     };
 
     DaemonInstaller(Sources sources, Timing timing, CancellationToken cancellation);
+    ~DaemonInstaller();
+    DaemonInstaller(const DaemonInstaller&) = delete;
+    DaemonInstaller& operator=(const DaemonInstaller&) = delete;
 
     const Sources& sources() const { return sources_; }
 
@@ -45,7 +49,7 @@ public:
     void install(std::function<void(const Outcome&)> done);
 
     /// The shell line that installs and starts the daemon, to be run as administrator. Paths stand
-    /// in single quotes and are not escaped: one that holds a single quote makes the line fail.
+    /// in single quotes and are not escaped: with a path that holds one, the line must not be run.
     static QString installLine(const Platform& platform, const ToolPaths& tools,
                                const QString& jobFile);
 
@@ -53,7 +57,7 @@ private:
     Sources sources_;
     Timing timing_;
     CancellationToken cancellation_;
-    QThreadPool pool_;
+    std::unique_ptr<QThreadPool> pool_ = std::make_unique<QThreadPool>();
 };
 
 } // namespace tarnwick

@@ -13,6 +13,10 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <semaphore>
+#include <thread>
+
 // The outcome of an installation, with stand-ins for the program that asks for the password.
 
 namespace tarnwick {
@@ -121,7 +125,7 @@ TEST_F(DaemonInstallation, BundledJobFileIsTakenByItsPathWithDots) {
     EXPECT_FALSE(QFile::exists(inHome(u".tarnwick/tarnwick-daemon.service"_s)));
 }
 
-TEST_F(DaemonInstallation, DoubleQuoteInAPathReachesTheShellAndASingleOneBreaksTheLine) {
+TEST_F(DaemonInstallation, DoubleQuoteInAPathReachesTheShellAndASingleOneIsReportedWithoutIt) {
     const auto moveBundleTo = [&](const QString& name) {
         const QString bundle = inHome(name);
         QDir().mkpath(bundle);
@@ -137,9 +141,11 @@ TEST_F(DaemonInstallation, DoubleQuoteInAPathReachesTheShellAndASingleOneBreaksT
     EXPECT_EQ(contentOf(world_.platform.installDir + u"/tarnwick-daemon"_s), "a daemon");
     QDir(world_.platform.installDir).removeRecursively();
 
+    setStandIn("touch \"" + inHome(u"shell-ran"_s).toUtf8() + "\"");
     const auto manager = moveBundleTo(u"it's"_s);
     EXPECT_FALSE(install(*manager));
-    EXPECT_FALSE(manager->state().errorMessage.value_or(u""_s).isEmpty());
+    EXPECT_FALSE(QFile::exists(inHome(u"shell-ran"_s))) << "as administrator";
+    EXPECT_TRUE(manager->state().errorMessage.value_or(u""_s).contains(inHome(u"it's/"_s)));
     EXPECT_NE(manager->state().errorMessage, u"Installation cancelled"_s);
     EXPECT_FALSE(manager->state().daemonInstalled);
 }
@@ -232,6 +238,35 @@ TEST_F(DaemonInstallation, UnwritableStateDirectoryMakesTheCopyOfTheJobFileFail)
     EXPECT_FALSE(install(*manager));
     EXPECT_TRUE(manager->state().errorMessage.value_or(u""_s).contains(
         u".tarnwick/tarnwick-daemon.service"_s));
+}
+
+// Where a step of the installation is stuck, as with a file on a dead network mount.
+std::binary_semaphore stuck(0);
+std::atomic<bool> isStuck = false;
+
+CommandLine stuckStandIn(const QString&) {
+    isStuck = true;
+    stuck.acquire();
+    isStuck = false;
+    return {u"/bin/true"_s, {}};
+}
+
+TEST_F(DaemonInstallation, ThatIsStuckIsLeftBehind) {
+    world_.platform.authorise = stuckStandIn;
+    auto manager = world_.createRefreshed();
+    manager->installAndStartDaemon();
+    ASSERT_TRUE(waitUntil([] { return isStuck.load(); }));
+    std::binary_semaphore hasGone(0);
+    std::thread rescuer([&hasGone] { // were it waited for, the test would not end
+        if (!hasGone.try_acquire_for(20s))
+            stuck.release();
+    });
+    manager.reset();
+    EXPECT_TRUE(isStuck);
+    hasGone.release();
+    rescuer.join();
+    stuck.release();
+    EXPECT_TRUE(waitUntil([] { return !isStuck.load(); }));
 }
 
 class OpenPrompt : public DaemonInstallation {
