@@ -59,6 +59,7 @@ TarnwickApp::TarnwickApp(const QString& launchSocket, DaemonManagerOptions optio
 
 TarnwickApp::~TarnwickApp() {
     daemon_->setCommandEnded({});
+    daemon_->leave();
 }
 
 std::unique_ptr<MenuBarView> TarnwickApp::makePanel() {

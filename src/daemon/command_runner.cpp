@@ -64,11 +64,34 @@ CommandRunner::CommandRunner(QString cliPath, DaemonPaths paths, Timing timing,
 
 QByteArray CommandRunner::runCLIWithTimeout(const QStringList& arguments,
                                             Timing::Milliseconds timeout) const {
-    reaper_->reap();
     if (cancellation_.isCancelled()) // a second step of a command whose first was cut short
         return timedOut.toByteArray();
+    return run(arguments, timeout, Purpose::Question);
+}
+
+QByteArray CommandRunner::runCLI(const QStringList& arguments) const {
+    return runCLIWithTimeout(arguments, timing_.commandTimeout);
+}
+
+QByteArray CommandRunner::carryOut(const QStringList& arguments,
+                                   Timing::Milliseconds timeout) const {
+    return run(arguments, timeout, Purpose::Command);
+}
+
+QByteArray CommandRunner::carryOut(const QStringList& arguments) const {
+    return carryOut(arguments, timing_.commandTimeout);
+}
+
+QByteArray CommandRunner::run(const QStringList& arguments, Timing::Milliseconds timeout,
+                              Purpose purpose) const {
+    leftRunning_->questions.reap();
+    leftRunning_->commands.reap();
     const QString socketFlag = u"--socket="_s + paths_.socketPath();
     const CommandLine command = {cliPath_, QStringList(socketFlag) + arguments};
+    if (cancellation_.isCancelled()) {
+        startWhileLeaving(command);
+        return timedOut.toByteArray();
+    }
     const RunLog log(command.arguments);
     auto child = ChildProcess::start(command, toolEnvironment_);
     if (!child.isStarted()) {
@@ -80,8 +103,9 @@ QByteArray CommandRunner::runCLIWithTimeout(const QStringList& arguments,
     // The output stays in the pipe until the tool has ended: one that prints more than the pipe
     // holds is stuck in a loop and is treated as one that hangs.
     QDeadlineTimer deadline(timeout);
-    const bool hasEnded = waitForEnd(child, deadline);
-    reaper_->reap(); // those that took this run's time to end
+    const bool hasEnded = waitForEnd(child, deadline, purpose);
+    leftRunning_->questions.reap(); // those that took this run's time to end
+    leftRunning_->commands.reap();
     if (!hasEnded) {
         log.report(cancellation_.isCancelled() ? u"left running"_s : u"timed out"_s);
         return timedOut.toByteArray();
@@ -92,8 +116,15 @@ QByteArray CommandRunner::runCLIWithTimeout(const QStringList& arguments,
     return output.isValidUtf8() ? output : QByteArray();
 }
 
-QByteArray CommandRunner::runCLI(const QStringList& arguments) const {
-    return runCLIWithTimeout(arguments, timing_.commandTimeout);
+// Two that run at the same time might take effect in the other order.
+void CommandRunner::startWhileLeaving(const CommandLine& command) const {
+    leftRunning_->commands.waitForAll(
+        cancellation_.deadlineAfterCancellation(timing_.leavingTimeout));
+    const RunLog log(command.arguments);
+    auto child = ChildProcess::start(command, toolEnvironment_, ChildProcess::Output::Discarded);
+    log.report(child.isStarted() ? u"started while leaving"_s : u"could not start"_s);
+    if (const auto pid = child.release())
+        leftRunning_->commands.adopt(*pid);
 }
 
 void CommandRunner::pause(Timing::Milliseconds duration) const {
@@ -104,18 +135,22 @@ void CommandRunner::runSilently(const CommandLine& command, Timing::Milliseconds
     if (cancellation_.isCancelled())
         return;
     auto child = ChildProcess::start(command, environment_, ChildProcess::Output::Discarded);
-    waitForEnd(child, QDeadlineTimer(timeout));
+    waitForEnd(child, QDeadlineTimer(timeout), Purpose::Question);
 }
 
 // A child that outlives its time is asked to end and not waited for. One that merely outlives us
-// is left alone: the user's last command is to take effect.
-bool CommandRunner::waitForEnd(ChildProcess& child, QDeadlineTimer deadline) const {
+// is left alone: the user's last command is to take effect, whatever the tool prints until then.
+bool CommandRunner::waitForEnd(ChildProcess& child, QDeadlineTimer deadline,
+                               Purpose purpose) const {
     if (child.waitForEnd(deadline, timing_.pollStep, cancellation_))
         return true;
+    const bool isCommand = purpose == Purpose::Command;
     if (!cancellation_.isCancelled())
         child.terminate();
+    else if (isCommand)
+        child.drainBehindUs(environment_);
     if (const auto pid = child.release())
-        reaper_->adopt(*pid);
+        (isCommand ? leftRunning_->commands : leftRunning_->questions).adopt(*pid);
     return false;
 }
 

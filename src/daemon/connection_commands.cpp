@@ -34,27 +34,27 @@ QStringList loginArguments(const QString& authKey, const QString& deviceName) {
 
 ToolWork ConnectionCommands::connect() {
     return [](const CommandRunner& runner) {
-        return runner.runCLI({u"up"_s});
+        return runner.carryOut({u"up"_s});
     };
 }
 
 ToolWork ConnectionCommands::disconnect() {
     return [](const CommandRunner& runner) {
-        return runner.runCLI({u"down"_s});
+        return runner.carryOut({u"down"_s});
     };
 }
 
 ToolWork ConnectionCommands::switchProfile(const QString& id) {
     return [id](const CommandRunner& runner) {
-        runner.runCLI({u"switch"_s, id}); // whether it worked shows in what "up" says
+        runner.carryOut({u"switch"_s, id}); // whether it worked shows in what "up" says
         runner.pause(runner.timing().switchPause);
-        return runner.runCLI({u"up"_s});
+        return runner.carryOut({u"up"_s});
     };
 }
 
 ToolWork ConnectionCommands::removeProfile(const QString& id) {
     return [path = u"/localapi/v0/profiles/"_s + id](const CommandRunner& runner) {
-        return runner.runCLI({u"debug"_s, u"localapi"_s, u"DELETE"_s, path});
+        return runner.carryOut({u"debug"_s, u"localapi"_s, u"DELETE"_s, path});
     };
 }
 
@@ -63,7 +63,7 @@ ToolWork ConnectionCommands::logIn(const QString& authKey, const QString& device
     return [arguments = loginArguments(authKey, deviceName),
             nudgeDaemon](const CommandRunner& runner) {
         ensureDaemonRunning(runner, nudgeDaemon);
-        return runner.runCLIWithTimeout(arguments, runner.timing().loginTimeout);
+        return runner.carryOut(arguments, runner.timing().loginTimeout);
     };
 }
 

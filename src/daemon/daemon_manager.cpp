@@ -16,12 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-std::optional<QString> failureIn(const QByteArray& output, const QString& secret = {}) {
-    if (!hasCommandError(output))
-        return std::nullopt;
-    return failureText(textFromUtf8(output), secret);
-}
-
 // Without fallbacks: what another program or the administrator stores is none of ours.
 std::unique_ptr<QSettings> userSettings(const Platform& platform) {
     auto settings =
@@ -78,6 +72,13 @@ DaemonManager::DaemonManager(DaemonManagerOptions options)
 DaemonManager::~DaemonManager() {
     statusTimer_.stop();
     cancellation_.cancel();
+}
+
+void DaemonManager::leave() {
+    constexpr std::chrono::milliseconds forStarting{100};
+    statusTimer_.stop();
+    cancellation_.cancel();
+    workQueue_.waitForAll(timing_.leavingTimeout + forStarting);
 }
 
 void DaemonManager::startStatusPolling() {

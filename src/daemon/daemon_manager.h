@@ -94,6 +94,11 @@ public:
     /// thread with whether it succeeded. A prompt left open blocks nothing else.
     void installAndStartDaemon(std::function<void(bool)> completion = {});
 
+    /// To be called as the program is left, before the controller goes: commands that were asked
+    /// for and not yet begun are started, one after another, without pauses and for their effect
+    /// alone. Waits for that, for half a second at most.
+    void leave();
+
 private:
     using CommandHandler = std::function<void(DaemonManager&, const QByteArray& output)>;
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "daemon/failure_text.h"
 
+#include "daemon/command_runner.h"
+
 namespace tarnwick {
 
 using namespace Qt::StringLiterals;
@@ -24,6 +26,12 @@ QString failureText(const QString& output, const QString& secret) {
         return text;
     const bool splitsPair = text.at(longestText - 2).isHighSurrogate();
     return text.left(longestText - (splitsPair ? 2 : 1)) + u'…';
+}
+
+std::optional<QString> failureIn(const QByteArray& output, const QString& secret) {
+    if (!hasCommandError(output))
+        return std::nullopt;
+    return failureText(textFromUtf8(output), secret);
 }
 
 } // namespace tarnwick

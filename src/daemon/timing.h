@@ -21,6 +21,10 @@ struct Timing {
     Milliseconds switchPause{800};       ///< From switching the profile to bringing it up.
     Milliseconds daemonStartPause{3000}; ///< Lets a started daemon open its socket.
     Milliseconds refreshAfterInstall{2000};
+
+    /// How long commands that still wait as the program is left are kept in order: each is started
+    /// once the one before has ended or this is over.
+    Milliseconds leavingTimeout{400};
 };
 
 } // namespace tarnwick

@@ -3,8 +3,6 @@
 
 #include "platform/pipe.h"
 
-#include <QDeadlineTimer>
-
 #include <atomic>
 #include <cerrno>
 #include <poll.h>
@@ -14,6 +12,8 @@ namespace tarnwick {
 
 class CancellationToken::Pipe {
 public:
+    using Clock = std::chrono::steady_clock;
+
     Pipe() { makePipe(ends_); }
 
     ~Pipe() {
@@ -26,18 +26,26 @@ public:
     Pipe& operator=(const Pipe&) = delete;
 
     void request() {
-        if (isRequested_.exchange(true) || ends_[1] < 0)
+        Clock::rep notYet = 0;
+        const bool isFirst =
+            requestedAt_.compare_exchange_strong(notYet, Clock::now().time_since_epoch().count());
+        if (!isFirst || ends_[1] < 0)
             return;
         while (write(ends_[1], "", 1) < 0 && errno == EINTR) {
         }
     }
 
-    bool isCancelled() const { return isRequested_; }
+    bool isCancelled() const { return requestedAt_ != 0; }
+
+    Clock::duration timeSinceRequest() const {
+        return isCancelled() ? Clock::now().time_since_epoch() - Clock::duration(requestedAt_)
+                             : Clock::duration::zero();
+    }
 
     int readEnd() const { return ends_[0]; }
 
 private:
-    std::atomic<bool> isRequested_ = false;
+    std::atomic<Clock::rep> requestedAt_ = 0; ///< 0: not yet.
     int ends_[2] = {-1, -1};
 };
 
@@ -49,6 +57,14 @@ void CancellationToken::cancel() const {
 
 bool CancellationToken::isCancelled() const {
     return pipe_->isCancelled();
+}
+
+QDeadlineTimer
+CancellationToken::deadlineAfterCancellation(std::chrono::milliseconds duration) const {
+    if (!isCancelled())
+        return QDeadlineTimer(QDeadlineTimer::Forever);
+    const auto left = duration - pipe_->timeSinceRequest();
+    return QDeadlineTimer(std::chrono::duration_cast<std::chrono::milliseconds>(left));
 }
 
 bool CancellationToken::waitFor(std::chrono::milliseconds duration) const {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QDeadlineTimer>
+
 #include <chrono>
 #include <memory>
 
@@ -18,6 +20,9 @@ public:
     void cancel() const;
 
     bool isCancelled() const;
+
+    /// Expires `duration` after the cancellation; never before there is one.
+    QDeadlineTimer deadlineAfterCancellation(std::chrono::milliseconds duration) const;
 
     /// Sleeps for `duration` or until cancelled; returns whether it was cancelled.
     bool waitFor(std::chrono::milliseconds duration) const;

@@ -19,6 +19,8 @@
 
 namespace tarnwick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Only a grandchild that floods the pipe after the tool has ended reaches this; it must not exhaust
@@ -28,9 +30,12 @@ constexpr int outputLimit = 16 * 1024 * 1024;
 /// The settings of posix_spawn() besides the program: streams, signals, descriptors.
 class SpawnSettings {
 public:
-    explicit SpawnSettings(int outputEnd) {
+    /// A stream that is given as -1 is left as it is, or goes to the null device.
+    explicit SpawnSettings(int inputEnd, int outputEnd) {
         posix_spawn_file_actions_init(&actions_);
         posix_spawnattr_init(&attributes_);
+        if (inputEnd >= 0)
+            posix_spawn_file_actions_adddup2(&actions_, inputEnd, STDIN_FILENO);
         sendOutputTo(outputEnd);
         short flags = POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF;
         closeInheritedDescriptors(attributes_, actions_, flags);
@@ -109,7 +114,7 @@ ChildProcess ChildProcess::start(const CommandLine& command, const Environment& 
     }
     child.pipe_ = ends[0];
 
-    const SpawnSettings settings(ends[1]);
+    const SpawnSettings settings(-1, ends[1]);
     const ArgumentArray arguments(command);
     pid_t pid = -1;
     child.startError_ =
@@ -187,9 +192,27 @@ QByteArray ChildProcess::readOutput(QDeadlineTimer deadline,
     return output;
 }
 
+void ChildProcess::drainBehindUs(const Environment& environment) {
+    if (pipe_ < 0)
+        return;
+    const CommandLine command = {u"/usr/bin/head"_s, {u"-c"_s, QString::number(outputLimit)}};
+    const SpawnSettings settings(pipe_, -1);
+    const ArgumentArray arguments(command);
+    pid_t pid = -1; // init reaps it: it ends after us, or about as soon
+    posix_spawn(&pid, command.program.toLocal8Bit().constData(), settings.actions(),
+                settings.attributes(), arguments.data(), environment.pointers().data());
+}
+
 std::optional<pid_t> ChildProcess::release() {
     const pid_t pid = std::exchange(pid_, -1);
     return pid < 0 ? std::nullopt : std::optional(pid);
+}
+
+bool ChildReaper::waitForAll(QDeadlineTimer deadline) {
+    constexpr int step = 5; // milliseconds; waitpid() has no timeout
+    for (reap(); !children_.empty() && !deadline.hasExpired(); reap())
+        poll(nullptr, 0, step);
+    return children_.empty();
 }
 
 void ChildReaper::reap() {

@@ -63,6 +63,11 @@ public:
     /// hold the pipe open indefinitely. Returns what was read by then.
     QByteArray readOutput(QDeadlineTimer deadline, const CancellationToken& cancellation) const;
 
+    /// Has a small process of its own read the output from now on, so that a child that outlives
+    /// this program is not ended for printing to nobody. It goes with the child, or after as much
+    /// as is ever read of an output.
+    void drainBehindUs(const Environment& environment);
+
     /// Gives up ownership; returns the child's id when it still has to be reaped.
     std::optional<pid_t> release();
 
@@ -84,6 +89,9 @@ public:
 
     /// Reaps those that have ended; never blocks.
     void reap();
+
+    /// Waits until all have ended; false when some have not by `deadline`.
+    bool waitForAll(QDeadlineTimer deadline);
 
     /// How many have not ended yet.
     std::size_t count() const { return children_.size(); }

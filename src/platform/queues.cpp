@@ -3,9 +3,9 @@
 
 #include <QCoreApplication>
 #include <QObject>
+#include <QSemaphore>
 #include <QThread>
 
-#include <chrono>
 #include <memory>
 #include <utility>
 
@@ -13,7 +13,8 @@ namespace tarnwick {
 
 namespace {
 
-constexpr auto leavingTimeout = std::chrono::milliseconds(500);
+// Together with the time that the queue is given before, it has to stay under a second.
+constexpr auto leavingTimeout = std::chrono::milliseconds(300);
 
 } // namespace
 
@@ -53,6 +54,12 @@ SerialQueue::~SerialQueue() {
 
 void SerialQueue::async(std::function<void()> work) {
     QMetaObject::invokeMethod(context_.get(), std::move(work), Qt::QueuedConnection);
+}
+
+bool SerialQueue::waitForAll(std::chrono::milliseconds limit) {
+    const auto done = std::make_shared<QSemaphore>(); // outlives this call when it takes longer
+    async([done] { done->release(); });
+    return done->tryAcquire(1, static_cast<int>(limit.count()));
 }
 
 } // namespace tarnwick

@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -17,7 +18,7 @@ void postToMainQueue(std::function<void()> work);
 
 /// One background thread that runs its tasks one after another, in the order of async().
 ///
-/// The destructor waits half a second for the task that is running: one that blocks is expected to
+/// The destructor waits a moment for the task that is running: one that blocks is expected to
 /// watch a CancellationToken, and one that does not is left behind. Tasks not yet begun may or may
 /// not run. async() may be called from any thread.
 class SerialQueue {
@@ -29,6 +30,9 @@ public:
     SerialQueue& operator=(const SerialQueue&) = delete;
 
     void async(std::function<void()> work);
+
+    /// Blocks until all work that was given so far has run, or for `limit`; false then.
+    bool waitForAll(std::chrono::milliseconds limit);
 
 private:
     std::unique_ptr<QThread> thread_;
