@@ -50,9 +50,11 @@ class PlasmaWayland(Plasma, NestedShell):
         # A copy: the program's right to real-time scheduling is refused where users have none.
         kwin = pathlib.Path(shutil.copy(shutil.which("kwin_wayland"), self.directory))
         told = self.directory / "displays"
+        tell = self.directory / "tell"
+        tell.write_text(f"#!/bin/sh\nenv >{told}.new\nmv {told}.new {told}\n", encoding="utf-8")
+        tell.chmod(0o755)
         self.start(kwin, "--xwayland", "--no-lockscreen", "--width", SIZE[0], "--height", SIZE[1],
-                   "--x11-display", self.environment["DISPLAY"], "--socket", "wayland-0", "--",
-                   "sh", "-c", f"env >{told}.new; mv {told}.new {told}")
+                   "--x11-display", self.environment["DISPLAY"], "--socket", "wayland-0", tell)
         self.wait_for_file(told)
         self.start(self.daemon)
         self.start("plasmashell")

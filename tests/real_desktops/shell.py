@@ -10,10 +10,10 @@ import sight
 from virtual_desktop import Desktop, Screen, comes, stays, wait_until
 
 # What every desktop needs to be driven and looked at, and the portal that all of them have.
-COMMON = ("xvfb xdotool imagemagick x11-utils x11-xserver-utils dbus-daemon dbus-bin zenity "
-          "libglib2.0-bin python3 python3-pil python3-xlib fonts-dejavu-core at-spi2-core "
-          "dconf-gsettings-backend gsettings-desktop-schemas adwaita-icon-theme "
-          "xdg-desktop-portal xdg-desktop-portal-gtk python3-dbusmock procps")
+COMMON = ("xvfb xdotool imagemagick x11-utils x11-xserver-utils dbus-daemon dbus-bin zenity procps "
+          "libglib2.0-bin librsvg2-common python3 python3-pil python3-xlib python3-dbusmock "
+          "fonts-dejavu-core at-spi2-core dconf-gsettings-backend gsettings-desktop-schemas "
+          "adwaita-icon-theme xdg-desktop-portal xdg-desktop-portal-gtk")
 SIZE = (1280, 800)
 START_LIMIT = 90.0  # seconds, for a shell without a graphics card
 
