@@ -73,7 +73,7 @@ private:
     std::shared_ptr<LeftRunning> leftRunning_ = std::make_shared<LeftRunning>();
 };
 
-/// Whether the tool's output tells of a failure. Empty output does not.
+/// Whether the tool's output reports a failure. Empty output does not.
 bool hasCommandError(const QByteArray& output);
 
 /// `bytes` as text, or "" when they are not valid UTF-8.

@@ -15,7 +15,7 @@ namespace tarnwick {
 
 /// The desktop's notification service, to which each call is asynchronous and limited in time.
 ///
-/// One call runs at a time: only the reply to the last tells which notification the next replaces.
+/// One call runs at a time: only the reply to the last says which notification the next replaces.
 class FailureNotification::Service : public QObject {
 public:
     Service();

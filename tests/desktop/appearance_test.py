@@ -16,7 +16,7 @@ PLASMA = {"XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION
 
 
 class PlasmaSettings:
-    """The settings of a Plasma session: a file, and a message that tells of a change."""
+    """The settings of a Plasma session: a file, and a message that reports a change."""
 
     def __init__(self, desktop):
         self.desktop = desktop

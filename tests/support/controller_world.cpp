@@ -123,7 +123,7 @@ QByteArray ControllerWorld::profileList() {
 }
 
 bool waitForRefresh(DaemonManager& manager) {
-    // A refresh publishes everything in one turn of the event loop: one field tells of all.
+    // A refresh publishes everything in one turn of the event loop: one field speaks for all.
     bool hasPublished = false;
     QObject context;
     QObject::connect(&manager.published(), &PublishedState::objectWillChange, &context,
