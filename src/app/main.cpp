@@ -48,13 +48,11 @@ int runApplication(int argc, char** argv) {
     int count = platforms.isEmpty() ? 1 : 3;
 
     QApplication application(count, arguments.data());
-    qunsetenv("XDG_ACTIVATION_TOKEN"); // that of this launch, which opens no window
-    qunsetenv("DESKTOP_STARTUP_ID");
     QApplication::setQuitOnLastWindowClosed(false);
     // Shown by status areas and screen readers.
     QCoreApplication::setApplicationName(u"Tarnwick Network"_s);
     QGuiApplication::setDesktopFileName(u"tarnwick-client"_s);
-    const TarnwickApp app(paths.socket);
+    const TarnwickApp app(paths.socket, {}, std::nullopt, {activationToken});
     return QApplication::exec();
 }
 

@@ -30,9 +30,9 @@ void openWebsite() {
 } // namespace
 
 TarnwickApp::TarnwickApp(const QString& launchSocket, DaemonManagerOptions options,
-                         const std::optional<UpdateServiceOptions>& updateOptions)
-    : daemon_(DaemonManager::create(std::move(options))), platform_(hostPlatform()),
-      launches_(launchSocket),
+                         const std::optional<UpdateServiceOptions>& updateOptions, Launch launch)
+    : launch_(std::move(launch)), daemon_(DaemonManager::create(std::move(options))),
+      platform_(hostPlatform()), launches_(launchSocket),
       updates_(updateOptions.value_or(UpdateServiceOptions{
           UpdateService::manifestURL(),
           UpdateService::installedVersion(platform_, DaemonManagerOptions::executableDir())})),
@@ -113,19 +113,27 @@ void TarnwickApp::showUpdateAlert(const UpdateCheckResult& result) {
 void TarnwickApp::connectIcon() {
     // The first frame is to have the desktop's colours.
     QObject::connect(&statusArea_, &StatusArea::iconClicked, this, [this](const IconClick& click) {
-        appearance_.whenSettled([this, point = click.point] {
-            presenter_.toggle({statusArea_.iconGeometry(), point});
+        appearance_.whenSettled([this, click] {
+            const ActivationTokenScope token(click.activationToken);
+            presenter_.toggle({statusArea_.iconGeometry(), click.point});
         });
     });
     QObject::connect(&statusArea_, &StatusArea::openChosen, this, [this] {
         appearance_.whenSettled([this] { presenter_.open({statusArea_.iconGeometry()}); });
     });
+    QObject::connect(&statusArea_, &StatusArea::iconShown, this, &TarnwickApp::completeLaunch);
+    QObject::connect(&statusArea_, &StatusArea::absent, this, &TarnwickApp::completeLaunch);
     QObject::connect(&statusArea_, &StatusArea::quitChosen, qApp, &QCoreApplication::quit);
     const auto showStatus = [this] {
         statusArea_.setStatusLabel(singleLineText(daemon_->state().statusLabel()));
     };
     QObject::connect(&daemon_->published(), &PublishedState::changed, this, showStatus);
     showStatus();
+}
+
+/// There is all that the launch leads to: the icon, or nothing as long as there is no status area.
+void TarnwickApp::completeLaunch() {
+    const ActivationTokenScope token(std::exchange(launch_, {}).activationToken);
 }
 
 void TarnwickApp::showOnRequest(const QByteArray& activationToken) {
@@ -135,7 +143,6 @@ void TarnwickApp::showOnRequest(const QByteArray& activationToken) {
         presenter_.open({icon});
     else
         presenter_.openAsWindow();
-    qunsetenv("XDG_ACTIVATION_TOKEN"); // what we start later has no claim to it
 }
 
 void TarnwickApp::showOutcome(const std::optional<QString>& failure) {

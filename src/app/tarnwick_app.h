@@ -23,6 +23,11 @@ namespace tarnwick {
 
 class UpdateAlert;
 
+/// How the program was started.
+struct Launch {
+    QByteArray activationToken = {};
+};
+
 /// Composition root: creates the controller, the icon and the windows, and connects them.
 class TarnwickApp : public QObject {
     Q_OBJECT
@@ -31,7 +36,8 @@ public:
     /// Starts polling the daemon and waits for a status area. Second launches connect to
     /// `launchSocket`. Main thread, with a QApplication.
     explicit TarnwickApp(const QString& launchSocket, DaemonManagerOptions options = {},
-                         const std::optional<UpdateServiceOptions>& updateOptions = {});
+                         const std::optional<UpdateServiceOptions>& updateOptions = {},
+                         Launch launch = {});
     ~TarnwickApp() override;
     TarnwickApp(const TarnwickApp&) = delete;
     TarnwickApp& operator=(const TarnwickApp&) = delete;
@@ -47,9 +53,11 @@ private:
     void checkForUpdates();
     void showUpdateAlert(const UpdateCheckResult& result);
     void connectIcon();
+    void completeLaunch();
     void showOnRequest(const QByteArray& activationToken);
     void showOutcome(const std::optional<QString>& failure);
 
+    Launch launch_;
     const std::shared_ptr<DaemonManager> daemon_;
     const Platform platform_;
     TerminationSignals signals_;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/activation_token.h"
 
+#include "desktop/startup_completion.h"
+
 #include <QGuiApplication>
 
 #include <algorithm>
@@ -12,6 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr const char* tokenVariable = "XDG_ACTIVATION_TOKEN";
+constexpr const char* startupVariable = "DESKTOP_STARTUP_ID";
 constexpr qsizetype longestToken = 512;
 
 bool isVisible(char c) {
@@ -21,8 +24,11 @@ bool isVisible(char c) {
 } // namespace
 
 QByteArray takeActivationToken() {
-    const QByteArray token = qgetenv(tokenVariable);
+    QByteArray token = acceptableActivationToken(qgetenv(tokenVariable));
+    if (token.isEmpty())
+        token = acceptableActivationToken(qgetenv(startupVariable));
     qunsetenv(tokenVariable);
+    qunsetenv(startupVariable);
     return token;
 }
 
@@ -34,14 +40,16 @@ QByteArray acceptableActivationToken(const QByteArray& token) {
 
 // Qt has no other way to be given one; only its Wayland platform uses it.
 ActivationTokenScope::ActivationTokenScope(const QByteArray& token)
-    : isSet_(!token.isEmpty() && QGuiApplication::platformName().startsWith("wayland"_L1)) {
+    : token_(acceptableActivationToken(token)),
+      isSet_(!token_.isEmpty() && QGuiApplication::platformName().startsWith("wayland"_L1)) {
     if (isSet_)
-        qputenv(tokenVariable, token);
+        qputenv(tokenVariable, token_);
 }
 
 ActivationTokenScope::~ActivationTokenScope() {
     if (isSet_)
         qunsetenv(tokenVariable);
+    completeStartup(token_);
 }
 
 } // namespace tarnwick

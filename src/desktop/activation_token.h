@@ -5,15 +5,16 @@
 
 namespace tarnwick {
 
-/// Returns the token with which a launcher lets this process take the focus, "" for none, and takes
-/// it out of the environment that child processes inherit. To be called while the process has one
-/// thread.
+/// Returns the token with which a launcher lets this process take the focus and waits for what it
+/// shows, "" for none, and takes it out of the environment that child processes inherit. To be
+/// called while the process has one thread.
 QByteArray takeActivationToken();
 
 /// The token if it can be one, else "": launchers and status areas may send anything.
 QByteArray acceptableActivationToken(const QByteArray& token);
 
-/// Lets windows that are activated during its lifetime take the focus by a token. Main thread.
+/// What is shown during its lifetime was asked for with a token: windows take the focus by it, and
+/// at the end the pointer is no longer busy. Main thread.
 class ActivationTokenScope {
 public:
     explicit ActivationTokenScope(const QByteArray& token);
@@ -22,7 +23,8 @@ public:
     ActivationTokenScope& operator=(const ActivationTokenScope&) = delete;
 
 private:
-    bool isSet_;
+    const QByteArray token_;
+    const bool isSet_; ///< In the environment.
 };
 
 } // namespace tarnwick

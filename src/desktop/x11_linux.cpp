@@ -7,7 +7,9 @@
 #include <QLibrary>
 #include <QScreen>
 
+#include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <type_traits>
 #include <utility>
 #include <xcb/xcb.h>
@@ -39,12 +41,17 @@ struct X11Display::Xcb {
     xcb_connection_t* connection = nullptr;
     decltype(&xcb_intern_atom) internAtom = nullptr;
     decltype(&xcb_intern_atom_reply) internAtomReply = nullptr;
+    decltype(&xcb_get_setup) getSetup = nullptr;
+    decltype(&xcb_setup_roots_iterator) setupRootsIterator = nullptr;
+    decltype(&xcb_generate_id) generateId = nullptr;
+    decltype(&xcb_create_window) createWindow = nullptr;
+    decltype(&xcb_destroy_window) destroyWindow = nullptr;
+    decltype(&xcb_send_event) sendEvent = nullptr;
+    decltype(&xcb_flush) flush = nullptr;
     decltype(&xcb_query_extension) queryExtension = nullptr;
     decltype(&xcb_query_extension_reply) queryExtensionReply = nullptr;
     decltype(&xcb_get_selection_owner) getSelectionOwner = nullptr;
     decltype(&xcb_get_selection_owner_reply) getSelectionOwnerReply = nullptr;
-    decltype(&xcb_get_setup) getSetup = nullptr;
-    decltype(&xcb_setup_roots_iterator) setupRootsIterator = nullptr;
     decltype(&xcb_get_property) getProperty = nullptr;
     decltype(&xcb_get_property_reply) getPropertyReply = nullptr;
     decltype(&xcb_get_property_value) getPropertyValue = nullptr;
@@ -59,13 +66,14 @@ struct X11Display::Xcb {
             return function != nullptr;
         };
         return find(internAtom, "xcb_intern_atom") &&
-               find(internAtomReply, "xcb_intern_atom_reply") &&
-               find(queryExtension, "xcb_query_extension") &&
+               find(internAtomReply, "xcb_intern_atom_reply") && find(getSetup, "xcb_get_setup") &&
+               find(setupRootsIterator, "xcb_setup_roots_iterator") &&
+               find(generateId, "xcb_generate_id") && find(createWindow, "xcb_create_window") &&
+               find(destroyWindow, "xcb_destroy_window") && find(sendEvent, "xcb_send_event") &&
+               find(flush, "xcb_flush") && find(queryExtension, "xcb_query_extension") &&
                find(queryExtensionReply, "xcb_query_extension_reply") &&
                find(getSelectionOwner, "xcb_get_selection_owner") &&
                find(getSelectionOwnerReply, "xcb_get_selection_owner_reply") &&
-               find(getSetup, "xcb_get_setup") &&
-               find(setupRootsIterator, "xcb_setup_roots_iterator") &&
                find(getProperty, "xcb_get_property") &&
                find(getPropertyReply, "xcb_get_property_reply") &&
                find(getPropertyValue, "xcb_get_property_value") &&
@@ -131,6 +139,34 @@ bool X11Display::hasResolutionOfTexts() {
     const std::uint32_t settings = owner(atom("_XSETTINGS_S" + screenNumber()));
     return settings != XCB_WINDOW_NONE &&
            property(settings, "_XSETTINGS_SETTINGS").contains("Xft/DPI");
+}
+
+void X11Display::broadcast(const QByteArray& type, const QByteArray& text) {
+    if (!xcb_)
+        return;
+    xcb_connection_t* connection = xcb_->connection;
+    const xcb_screen_t& screen = *xcb_->setupRootsIterator(xcb_->getSetup(connection)).data;
+    // Listeners put the pieces together by the window that they are about.
+    const std::uint32_t window = xcb_->generateId(connection);
+    xcb_->createWindow(connection, XCB_COPY_FROM_PARENT, window, screen.root, -1, -1, 1, 1, 0,
+                       XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
+    xcb_client_message_event_t piece{};
+    piece.response_type = XCB_CLIENT_MESSAGE;
+    piece.format = 8;
+    piece.window = window;
+    piece.type = atom(type + "_BEGIN");
+    const std::uint32_t next = atom(type);
+    constexpr qsizetype pieceSize = sizeof(piece.data.data8);
+    for (qsizetype sent = 0; sent <= text.size(); sent += pieceSize) { // with the closing zero
+        std::memset(piece.data.data8, 0, pieceSize);
+        std::memcpy(piece.data.data8, text.constData() + sent,
+                    static_cast<std::size_t>(std::min(pieceSize, text.size() - sent)));
+        xcb_->sendEvent(connection, 0, screen.root, XCB_EVENT_MASK_PROPERTY_CHANGE,
+                        reinterpret_cast<const char*>(&piece));
+        piece.type = next;
+    }
+    xcb_->destroyWindow(connection, window);
+    xcb_->flush(connection);
 }
 
 bool X11Display::isXwayland() {

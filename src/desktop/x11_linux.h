@@ -30,6 +30,10 @@ public:
     /// Whether the session gives its texts a resolution, by which Qt scales everything.
     bool hasResolutionOfTexts();
 
+    /// Sends a text to all that listen on the root window, in pieces: first a message of type
+    /// `type` with "_BEGIN", then as many as it takes of `type`.
+    void broadcast(const QByteArray& type, const QByteArray& text);
+
     /// Whether the X server draws into a Wayland compositor's windows and sees only what happens
     /// over X windows.
     bool isXwayland();

@@ -7,6 +7,8 @@ import subprocess
 import time
 import unittest
 
+from startup_listener import StartupListener
+from status_notifier_host import StatusNotifierHost
 from virtual_desktop import Desktop, Rect, bin_dir, stays, wait_until
 
 CLIENT = bin_dir() / "tarnwick-client"
@@ -69,6 +71,46 @@ class ActivationToken(unittest.TestCase):
             wait_for_runs(len(environments()) + 1)
             self.assertIn("BROWSER=echo", environments()[-2])
             self.assertNotIn("token-of", "".join(environments()))
+
+
+class BusyPointer(unittest.TestCase):
+    """It shows from the start of a program or from a click until the program says that it is there."""
+
+    def setUp(self):
+        self.desktop = self.enterContext(Desktop())
+        self.listener = self.enterContext(StartupListener(self.desktop.environment["DISPLAY"]))
+
+    def test_it_ends_when_the_icon_is_there(self):
+        self.desktop.start_tray()
+        client = self.desktop.start_client(environment={"DESKTOP_STARTUP_ID": "shell-1_TIME12"})
+        self.desktop.wait_for_icon(client)
+        self.listener.wait_for('remove: ID="shell-1_TIME12"')
+
+    def test_it_ends_without_a_status_area(self):
+        self.desktop.start_client(environment={"XDG_ACTIVATION_TOKEN": "shell-2"})
+        self.listener.wait_for('remove: ID="shell-2"')
+
+    def test_it_ends_when_a_second_launch_has_opened_the_panel(self):
+        self.desktop.start_tray()
+        client = self.desktop.start_client()
+        self.desktop.wait_for_icon(client)
+        token = 'long-"and"-\\quoted-' + "x" * 20 + "_TIME99"
+        self.desktop.start_client(environment={"DESKTOP_STARTUP_ID": token}).wait_for_end()
+        self.desktop.wait_for_panel(client)
+        quoted = token.replace("\\", "\\\\").replace('"', '\\"')
+        self.listener.wait_for(f'remove: ID="{quoted}"')
+
+    def test_it_ends_when_a_click_on_the_icon_has_opened_or_closed_the_panel(self):
+        with StatusNotifierHost(self.desktop.environment["DBUS_SESSION_BUS_ADDRESS"]) as host:
+            client = self.desktop.start_client()
+            host.call("ProvideXdgActivationToken", "(s)", "click-1")
+            host.activate((640, 8))
+            self.desktop.wait_for_panel(client)
+            self.listener.wait_for('remove: ID="click-1"')
+            host.call("ProvideXdgActivationToken", "(s)", "click-2")
+            host.activate((640, 8))
+            self.desktop.wait_for_no_panel(client)
+            self.listener.wait_for('remove: ID="click-1"', 'remove: ID="click-2"')
 
 
 class SecondLaunch(unittest.TestCase):
