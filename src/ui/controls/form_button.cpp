@@ -17,20 +17,6 @@ namespace {
 
 constexpr double radius = 5;
 
-/// White on the accent colour, darkened until the title is legible. A light accent keeps its shade
-/// and gets a black title.
-std::pair<QColor, QColor> accentAndTitle(const QPalette& palette) {
-    constexpr double textContrast = 4.5;
-    constexpr double lightAccent = 2.5;
-    QColor accent = palette.color(QPalette::Active, QPalette::Highlight);
-    accent.setAlpha(255);
-    if (contrastRatio(Qt::white, accent) < lightAccent)
-        return {accent, Qt::black};
-    while (contrastRatio(Qt::white, accent) < textContrast)
-        accent = accent.darker(103);
-    return {accent, Qt::white};
-}
-
 QColor withOpacity(QColor color, float opacity) {
     color.setAlphaF(opacity);
     return color;
@@ -47,7 +33,7 @@ FormButton::FormButton(const QString& title, Prominence prominence, QWidget* par
 FormButton::Look FormButton::look() const {
     const bool isTouched = isEnabled() && (isDown() || underMouse());
     if (prominence_ == Prominence::Prominent && isEnabled()) {
-        const auto [accent, title] = accentAndTitle(palette());
+        const auto [accent, title] = prominentColors(palette());
         const QColor background = isTouched ? accent.darker(isDown() ? 120 : 108) : accent;
         return {background, background, title};
     }

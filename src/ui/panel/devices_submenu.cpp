@@ -64,7 +64,7 @@ QRect DeviceRow::dotRect() const {
 }
 
 QColor DeviceRow::dotColor() const {
-    return device_.isOnline ? themeColor(ThemeColor::Green, palette()) : offlineDotColor();
+    return device_.isOnline ? shapeColor(ThemeColor::Green, palette()) : offlineDotColor();
 }
 
 void DeviceRow::placeTexts() {

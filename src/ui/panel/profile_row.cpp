@@ -35,7 +35,7 @@ QString RemoveButton::tooltipText() const {
 
 void RemoveButton::paintRow(QPainter& painter) {
     paintSymbol(painter, rect(), u"trash"_s, symbolSize(TextStyle::Caption),
-                themeColor(ThemeColor::Red, palette()));
+                shapeColor(ThemeColor::Red, palette()));
 }
 
 ProfileButton::ProfileButton(QWidget* parent)
@@ -91,7 +91,7 @@ void ProfileButton::resizeEvent(QResizeEvent* event) {
 void ProfileButton::paintRow(QPainter& painter) {
     const QRect mark(horizontalPadding, 0, symbolColumnWidth(), height());
     paintSymbol(painter, mirrored(mark), markSymbol_, symbolSize(TextStyle::Body),
-                themeColor(markColor_, palette()));
+                shapeColor(markColor_, palette()));
 }
 
 ProfileRow::ProfileRow(PerformCommand perform, QWidget* parent)

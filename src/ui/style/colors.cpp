@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "ui/style/colors.h"
 
+#include <QList>
+
 #include <algorithm>
 #include <cmath>
 
 namespace tarnwick {
 
 namespace {
-
-constexpr double textContrast = 4.5;
-constexpr double shapeContrast = 3.0;
 
 double linear(double channel) {
     return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
@@ -25,24 +24,41 @@ QColor withOpacity(QColor color, double opacity) {
     return color;
 }
 
-/// Moves the colour towards white or black until it has that contrast on the background and on
-/// a highlighted row.
-QColor standingOut(const QColor& color, const QPalette& palette, double contrast) {
-    const QColor background = backgroundColor(palette);
-    const QColor highlighted = blended(highlightColor(palette), background);
+/// Contrast ratios to be had on the background.
+struct Contrasts {
+    double text = 4.5;
+    double shape = 3;
+    double line = 3; ///< Borders and dividers, in high contrast alone.
+};
+
+Contrasts contrastsFor(const QPalette& palette) {
+    return hasHighContrast(palette) ? Contrasts{7, 4.5, 3} : Contrasts{};
+}
+
+/// Moves the colour towards white or black until it has that contrast on all backgrounds.
+QColor standingOut(const QColor& color, const QList<QColor>& backgrounds, double contrast) {
+    const QColor& background = backgrounds.first();
     const bool towardsWhite =
         contrastRatio(Qt::white, background) > contrastRatio(Qt::black, background);
     const QColor end = towardsWhite ? Qt::white : Qt::black;
     constexpr int steps = 50;
     for (int step = 0; step < steps; ++step) {
         const QColor candidate = blended(withOpacity(end, double(step) / steps), color);
-        if (std::min(contrastRatio(candidate, background), contrastRatio(candidate, highlighted)) >=
-            contrast)
+        if (std::ranges::all_of(backgrounds, [&](const QColor& under) {
+                return contrastRatio(candidate, under) >= contrast;
+            }))
             return candidate;
     }
     return end;
 }
 
+/// The background, and that of a highlighted row.
+QList<QColor> rowBackgrounds(const QPalette& palette) {
+    const QColor background = backgroundColor(palette);
+    return {background, blended(highlightColor(palette), background)};
+}
+
+/// In light palettes brighter than any text may be: darkened from there, the hues stay vivid.
 QColor wanted(ThemeColor color, const QPalette& palette) {
     const bool dark = isDark(palette);
     switch (color) {
@@ -50,15 +66,24 @@ QColor wanted(ThemeColor color, const QPalette& palette) {
         return blended(withOpacity(palette.color(QPalette::WindowText), 0.6),
                        backgroundColor(palette));
     case ThemeColor::Green:
-        return dark ? QColor(0x32, 0xd7, 0x4b) : QColor(0x1a, 0x7f, 0x37);
+        return dark ? QColor(0x32, 0xd7, 0x4b) : QColor(0x0c, 0xc0, 0x42);
     case ThemeColor::Orange:
-        return dark ? QColor(0xff, 0x9f, 0x0a) : QColor(0xb3, 0x54, 0x00);
+        return dark ? QColor(0xff, 0x9f, 0x0a) : QColor(0xff, 0x6f, 0x00);
     case ThemeColor::Red:
-        return dark ? QColor(0xff, 0x69, 0x61) : QColor(0xd0, 0x21, 0x1c);
+        return dark ? QColor(0xff, 0x69, 0x61) : QColor(0xe5, 0x23, 0x1d);
     case ThemeColor::Label:
         break;
     }
     return palette.color(QPalette::WindowText);
+}
+
+/// The text's colour, fainter; in high contrast an opaque one that stands out.
+QColor lineColor(const QPalette& palette, double opacity) {
+    const QColor background = backgroundColor(palette);
+    const QColor line = withOpacity(palette.color(QPalette::WindowText), opacity);
+    if (!hasHighContrast(palette))
+        return line;
+    return standingOut(blended(line, background), {background}, contrastsFor(palette).line);
 }
 
 } // namespace
@@ -71,8 +96,21 @@ QColor backgroundColor(const QPalette& palette) {
     return withOpacity(palette.color(QPalette::Window), 1);
 }
 
+bool hasHighContrast(const QPalette& palette) {
+    constexpr double least = 20; // of 21, black on white
+    return contrastRatio(palette.color(QPalette::WindowText), backgroundColor(palette)) >= least;
+}
+
 QColor themeColor(ThemeColor color, const QPalette& palette) {
-    return standingOut(wanted(color, palette), palette, textContrast);
+    const bool isOnRows = color == ThemeColor::Label || color == ThemeColor::Secondary;
+    return standingOut(wanted(color, palette),
+                       isOnRows ? rowBackgrounds(palette) : QList{backgroundColor(palette)},
+                       contrastsFor(palette).text);
+}
+
+QColor shapeColor(ThemeColor color, const QPalette& palette) {
+    return standingOut(wanted(color, palette), rowBackgrounds(palette),
+                       contrastsFor(palette).shape);
 }
 
 QColor highlightColor(const QPalette& palette) {
@@ -80,15 +118,25 @@ QColor highlightColor(const QPalette& palette) {
 }
 
 QColor dividerColor(const QPalette& palette) {
-    return withOpacity(palette.color(QPalette::WindowText), 0.12);
+    return lineColor(palette, 0.12);
 }
 
 QColor borderColor(const QPalette& palette) {
-    return withOpacity(palette.color(QPalette::WindowText), 0.16);
+    return lineColor(palette, 0.16);
 }
 
 QColor focusColor(const QPalette& palette) {
-    return standingOut(withOpacity(palette.color(QPalette::Highlight), 1), palette, shapeContrast);
+    return standingOut(withOpacity(palette.color(QPalette::Highlight), 1), rowBackgrounds(palette),
+                       contrastsFor(palette).shape);
+}
+
+ProminentColors prominentColors(const QPalette& palette) {
+    constexpr double lightAccent = 2.5;
+    QColor accent = palette.color(QPalette::Active, QPalette::Highlight);
+    accent.setAlpha(255);
+    if (contrastRatio(Qt::white, accent) < lightAccent)
+        return {accent, Qt::black};
+    return {standingOut(accent, {Qt::white}, contrastsFor(palette).text), Qt::white};
 }
 
 QColor offlineDotColor() {

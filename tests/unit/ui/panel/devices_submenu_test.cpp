@@ -70,7 +70,7 @@ TEST_F(DevicesSubmenuTest, NoAddressIsAnEmptyLineAndNoSystemIsNothing) {
 TEST_F(DevicesSubmenuTest, OnlineDotsAreGreenAndOfflineOnesGreyAtFortyPercent) {
     auto* entry = openList({test::device(u"on"_s, true), test::device(u"off"_s, false)});
     const DeviceRow& online = *deviceRow(*entry, 0);
-    EXPECT_EQ(online.dotColor(), themeColor(ThemeColor::Green, online.palette()));
+    EXPECT_EQ(online.dotColor(), shapeColor(ThemeColor::Green, online.palette()));
     EXPECT_EQ(online.dotRect().size(), QSize(8, 8));
     EXPECT_EQ(online.dotRect().left(), 16);
     EXPECT_EQ(online.name().x(), 16 + 8 + 8);
