@@ -50,7 +50,7 @@ TEST(StatusResponse, LowerCaseRunningOrAnyOtherStateIsNotConnected) {
 
 TEST(StatusResponse, PeersAreListedInCodePointOrderOfTheirHostNames) {
     const auto status = StatusResponse::decode(R"({"BackendState":"Running","Peer":{
-        "1":{"HostName":"beta"},"2":{"HostName":"Alpha"},"3":{"HostName":"alpha"}}})");
+        "1":{"HostName":"beta"},"2":{"HostName":"alpha"},"3":{"HostName":"Alpha"}}})");
     ASSERT_TRUE(status);
     EXPECT_EQ(hostNames(*status), (QStringList{u"Alpha"_s, u"alpha"_s, u"beta"_s}));
 }

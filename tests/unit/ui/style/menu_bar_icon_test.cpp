@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/style/menu_bar_icon.h"
+#include "ui/style/symbol.h"
 
 #include <QImage>
 #include <QLineF>
@@ -66,7 +67,8 @@ TEST(MenuBarIcon, InvalidTextStillShowsTheNetworkSymbolWithItsDescription) {
     for (const QByteArray& text : {QByteArray(), notBase64, truncated, QByteArray("AAAA")}) {
         for (const Platform& platform : {macOSPlatform(), linuxPlatform()}) {
             const MenuBarIcon icon = MenuBarIcon::make(platform, text);
-            EXPECT_FALSE(icon.icon.pixmap(18, 18).isNull());
+            const QImage shown = icon.icon.pixmap(QSize(18, 18), 1.0).toImage();
+            EXPECT_EQ(shown, symbolPixmap(u"network"_s, 18, QColor(0x88, 0x88, 0x88), 1).toImage());
             EXPECT_EQ(icon.accessibleDescription, u"Tarnwick Network"_s);
             EXPECT_TRUE(icon.size.isEmpty());
         }
