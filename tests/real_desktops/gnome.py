@@ -1,6 +1,8 @@
 # SPDX-License-Identifier: MIT
 """GNOME Shell, on X and as a Wayland compositor."""
 
+import time
+
 from shell import COMMON, SIZE, NestedShell, Shell, XShell
 from virtual_desktop import stays, wait_until
 
@@ -40,8 +42,10 @@ class Gnome(Shell):
         wait_until(lambda: stays(is_left, 4.0, step=0.5), "the overview to close", 60, 0.5, self.describe)
 
     def restart(self):
-        for verb in ("disable", "enable"):
-            self.run("gnome-extensions", verb, EXTENSION, check=True)
+        self.run("gnome-extensions", "disable", EXTENSION, check=True)
+        wait_until(lambda: not self.has_host(), "the status area to go")
+        time.sleep(2)  # nobody unlocks a screen at once
+        self.run("gnome-extensions", "enable", EXTENSION, check=True)
 
 
 class GnomeX11(Gnome, XShell):
