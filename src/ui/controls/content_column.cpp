@@ -5,6 +5,7 @@
 
 #include <QPainter>
 
+#include <algorithm>
 #include <utility>
 
 namespace tarnwick {
@@ -28,7 +29,13 @@ Divider::Divider(int padding, QWidget* parent) : QWidget(parent) {
 }
 
 void Divider::paintEvent(QPaintEvent*) {
-    QPainter(this).fillRect(0, height() / 2, width(), 1, dividerColor(palette()));
+    // Of one thickness at every scale: a point that is no whole number of pixels would be rounded
+    // differently here and there.
+    const qreal ratio = devicePixelRatioF();
+    const int above = mapTo(window(), QPoint(0, 0)).y();
+    const qreal top = qRound((above + height() / 2) * ratio) / ratio - above;
+    const qreal thickness = std::max(1, qRound(ratio)) / ratio;
+    QPainter(this).fillRect(QRectF(0, top, width(), thickness), dividerColor(palette()));
 }
 
 ContentColumn::ContentColumn(const QMargins& margins, int spacing, QWidget* parent)

@@ -3,7 +3,9 @@
 
 #include "ui/controls/keyboard_focus.h"
 #include "ui/style/colors.h"
+#include "ui/style/row_painting.h"
 
+#include <QEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -28,6 +30,25 @@ FormButton::FormButton(const QString& title, Prominence prominence, QWidget* par
     : QPushButton(title, parent), prominence_(prominence) {
     setAttribute(Qt::WA_Hover);
     setDefault(prominence == Prominence::Prominent);
+    setFont(TextLook{TextStyle::Body}.font());
+}
+
+// The macOS style marks the default button well; other styles do so too faintly to be prominent.
+bool FormButton::isDrawnByStyle() const {
+    return style()->name() == "macos"_L1;
+}
+
+QSize FormButton::sizeHint() const {
+    const QSize ofStyle = QPushButton::sizeHint();
+    return isDrawnByStyle() ? ofStyle : QSize(ofStyle.width(), controlHeight());
+}
+
+bool FormButton::event(QEvent* event) {
+    if (event->type() == QEvent::ApplicationFontChange) {
+        setFont(TextLook{TextStyle::Body}.font());
+        updateGeometry();
+    }
+    return QPushButton::event(event);
 }
 
 FormButton::Look FormButton::look() const {
@@ -54,9 +75,8 @@ void FormButton::mouseDoubleClickEvent(QMouseEvent* event) {
     event->accept();
 }
 
-// The macOS style marks the default button well; other styles do so too faintly to be prominent.
 void FormButton::paintEvent(QPaintEvent* event) {
-    if (style()->name() == "macos"_L1) {
+    if (isDrawnByStyle()) {
         QPushButton::paintEvent(event);
         return;
     }

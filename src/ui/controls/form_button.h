@@ -14,7 +14,10 @@ public:
 
     FormButton(const QString& title, Prominence prominence, QWidget* parent = nullptr);
 
+    QSize sizeHint() const override;
+
 protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -27,6 +30,7 @@ private:
     };
 
     Look look() const;
+    bool isDrawnByStyle() const;
 
     Prominence prominence_;
 };

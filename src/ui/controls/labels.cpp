@@ -224,6 +224,35 @@ int WrappedLabel::heightForWidth(int width) const {
     return std::max(oneLine, qCeil(breakIntoLines(layout, width, Qt::AlignLeft)));
 }
 
+void WrappedLabel::balanceLines() {
+    isBalanced_ = true;
+    update();
+}
+
+/// The width to break lines at: if balanced, the least that takes no more of them.
+int WrappedLabel::lineWidth() const {
+    const auto linesAt = [this](int width) {
+        QTextLayout layout(withLineSeparators(text()), font());
+        breakIntoLines(layout, width, Qt::AlignLeft);
+        return layout.lineCount();
+    };
+    const int lines = isBalanced_ ? linesAt(width()) : 1;
+    if (lines == 1)
+        return width();
+    int least = 1;
+    for (const QString& word : text().split(u' '))
+        least = std::max(least, textAdvance(font(), word));
+    int enough = width();
+    while (least < enough) {
+        const int middle = (least + enough) / 2;
+        if (linesAt(middle) <= lines)
+            enough = middle;
+        else
+            least = middle + 1;
+    }
+    return enough;
+}
+
 void WrappedLabel::showContent() {
     const QString lines = multiLineText(content());
     setText(lines);
@@ -236,10 +265,11 @@ bool WrappedLabel::isCut() const {
 
 void WrappedLabel::paintEvent(QPaintEvent*) {
     QTextLayout layout(withLineSeparators(text()), font());
-    breakIntoLines(layout, width(), QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft));
+    const int lineWidth = this->lineWidth();
+    breakIntoLines(layout, lineWidth, QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft));
     QPainter painter(this);
     painter.setPen(textColor());
-    layout.draw(&painter, QPointF(0, 0));
+    layout.draw(&painter, QPointF(isRightToLeft() ? width() - lineWidth : 0, 0));
 }
 
 } // namespace tarnwick

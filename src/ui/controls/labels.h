@@ -100,6 +100,9 @@ class WrappedLabel : public StyledLabel {
 public:
     WrappedLabel(const TextLook& look, ThemeColor color, QWidget* parent);
 
+    /// Makes the lines about equally wide, so that no word stands alone in the last.
+    void balanceLines();
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
     bool hasHeightForWidth() const override;
@@ -109,6 +112,11 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void showContent() override;
     bool isCut() const override;
+
+private:
+    int lineWidth() const;
+
+    bool isBalanced_ = false;
 };
 
 } // namespace tarnwick

@@ -3,6 +3,7 @@
 
 #include "ui/controls/display_text.h"
 #include "ui/style/colors.h"
+#include "ui/style/row_painting.h"
 #include "ui/style/text_style.h"
 
 #include <QApplication>
@@ -51,6 +52,14 @@ RoundedField::RoundedField(QWidget* parent) : QLineEdit(parent) {
     setPalette(transparent);
 }
 
+QSize RoundedField::sizeHint() const {
+    return {QLineEdit::sizeHint().width(), controlHeight()};
+}
+
+QSize RoundedField::minimumSizeHint() const {
+    return {QLineEdit::minimumSizeHint().width(), controlHeight()};
+}
+
 void RoundedField::paintEvent(QPaintEvent* event) {
     {
         QPainter painter(this);
@@ -65,8 +74,10 @@ void RoundedField::paintEvent(QPaintEvent* event) {
 }
 
 bool RoundedField::event(QEvent* event) {
-    if (event->type() == QEvent::ApplicationFontChange)
+    if (event->type() == QEvent::ApplicationFontChange) {
         setFont(look.font());
+        updateGeometry();
+    }
     return QLineEdit::event(event);
 }
 

@@ -120,8 +120,8 @@ void DevicesSubmenu::placeCount() {
     const int titleWidth = textAdvance(grid.look.font(), content_.title);
     const int left = texts.left() + titleWidth + RowGeometry::gap;
     const int width = std::min(count_->sizeHint().width(), texts.right() + 1 - left);
-    const int height = count_->sizeHint().height();
-    count_->setGeometry(mirrored({left, (this->height() - height) / 2, width, height}));
+    // As high as the row, so that it is centred as the title is and shares its baseline.
+    count_->setGeometry(mirrored({left, 0, width, height()}));
 }
 
 void DevicesSubmenu::resizeEvent(QResizeEvent* event) {

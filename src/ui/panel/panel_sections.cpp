@@ -5,6 +5,7 @@
 #include "ui/style/row_painting.h"
 #include "ui/style/symbol.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QPainter>
 
@@ -39,20 +40,32 @@ HeaderView::HeaderView(QWidget* parent)
     : QWidget(parent), symbol_(new SymbolView(TextStyle::Title2, this)),
       title_(new ElidedLabel({TextStyle::Headline}, ThemeColor::Label, this)),
       status_(new ElidedLabel({TextStyle::Caption}, ThemeColor::Secondary, this)) {
-    // The symbol is larger than the rows' symbols and overhangs their column on both sides, so that
-    // centres and text edges line up with the rows.
-    const int overhang = (symbol_->sizeHint().width() - symbolColumnWidth()) / 2;
-    const int left = RowGeometry::horizontalPadding - overhang;
-    const int textLeft = RowGeometry::horizontalPadding + symbolColumnWidth() + RowGeometry::gap;
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(left, 12, left, 12); // equal, because layouts do not mirror margins
-    row->setSpacing(textLeft - left - symbol_->sizeHint().width());
     auto* texts = new QVBoxLayout;
     texts->setSpacing(2);
     texts->addWidget(title_);
     texts->addWidget(status_);
     row->addWidget(symbol_);
     row->addLayout(texts, 1);
+    alignWithRows();
+}
+
+// The symbol is larger than the rows' symbols and overhangs their column on both sides, so that
+// centres and text edges line up with the rows.
+void HeaderView::alignWithRows() {
+    const int overhang = (symbol_->sizeHint().width() - symbolColumnWidth()) / 2;
+    const int left = RowGeometry::horizontalPadding - overhang;
+    const int textLeft = RowGeometry::horizontalPadding + symbolColumnWidth() + RowGeometry::gap;
+    // Equal, because layouts do not mirror margins.
+    layout()->setContentsMargins(left, 12, left, 12);
+    layout()->setSpacing(textLeft - left - symbol_->sizeHint().width());
+    symbol_->updateGeometry();
+}
+
+bool HeaderView::event(QEvent* event) {
+    if (event->type() == QEvent::ApplicationFontChange)
+        alignWithRows();
+    return QWidget::event(event);
 }
 
 void HeaderView::setContent(const PanelContent::Header& content) {

@@ -48,7 +48,12 @@ public:
 
     const ElidedLabel& status() const { return *status_; }
 
+protected:
+    bool event(QEvent* event) override;
+
 private:
+    void alignWithRows();
+
     SymbolView* symbol_;
     ElidedLabel* title_;
     ElidedLabel* status_;

@@ -19,7 +19,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double cornerRadius = 4;
-constexpr int chevronWidth = 5; // of its ink, so that it ends at the padding
+constexpr int highlightInset = 4; // or its corners would be nicks in the panel's edge
+constexpr int chevronWidth = 5;   // of its ink, so that it ends at the padding
 
 QRect mirrored(const QWidget& widget, const QRect& rect) {
     return QStyle::visualRect(widget.layoutDirection(), widget.rect(), rect);
@@ -33,11 +34,18 @@ int scaled(int size) {
 
 int symbolSize(TextStyle style) {
     // A symbol's box is a quarter larger than the font size, so that its ink matches the letters.
-    return qRound(scaledSize(style) * 1.25);
+    // An even difference to the column's width lets their centres meet on a whole pixel.
+    const int column = symbolColumnWidth();
+    return column + 2 * qRound((scaledSize(style) * 1.25 - column) / 2);
 }
 
 int symbolColumnWidth() {
     return scaled(16);
+}
+
+int controlHeight() {
+    constexpr int verticalPadding = 6;
+    return lineHeight({TextStyle::Body}) + 2 * verticalPadding;
 }
 
 int lineHeight(const TextLook& look) {
@@ -61,7 +69,8 @@ void paintHighlight(QPainter& painter, const QRect& rect, const QPalette& palett
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(highlightColor(palette));
-    painter.drawRoundedRect(rect, cornerRadius, cornerRadius);
+    painter.drawRoundedRect(rect.adjusted(highlightInset, 0, -highlightInset, 0), cornerRadius,
+                            cornerRadius);
 }
 
 void paintFocusRing(QPainter& painter, const QRect& rect, const QPalette& palette) {

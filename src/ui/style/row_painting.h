@@ -21,6 +21,9 @@ int symbolSize(TextStyle style);
 /// Width of the column that all rows have for their symbol.
 int symbolColumnWidth();
 
+/// Height of text fields and of the buttons of forms.
+int controlHeight();
+
 /// Height of one line of text in that look.
 int lineHeight(const TextLook& look);
 

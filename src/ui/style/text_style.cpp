@@ -47,14 +47,14 @@ int nominalSize(TextStyle style) {
         return 13;
     case TextStyle::Caption:
     case TextStyle::Caption2:
-        return 10;
+        return 11;
     }
     return 13;
 }
 
 double userTextScale() {
     constexpr double smallestUsual = 12; // 9 points at 96 dots an inch
-    constexpr double largestUsual = 15;  // 11 points
+    constexpr double largestUsual = 13;  // 10 points
     constexpr double smallestScale = 0.8;
     constexpr double largestScale = 2; // beyond it the fixed width of the panel holds no word
     const double size = QFontInfo(QApplication::font()).pixelSize();

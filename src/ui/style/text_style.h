@@ -28,8 +28,8 @@ struct TextLook {
 /// Size in device-independent pixels at a text scale of 1.
 int nominalSize(TextStyle style);
 
-/// Factor by which the user changed the text size. Default fonts of 9 to 11 points count as 1,
-/// since systems differ in theirs.
+/// Factor by which all sizes follow that of the application's font. One of 9 or 10 points counts as
+/// 1, since a system that knows no wish of the user gives either.
 double userTextScale();
 
 /// The family of monospaced texts from now on, "" for the system's. Texts that are shown have to be

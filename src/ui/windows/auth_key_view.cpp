@@ -80,9 +80,11 @@ void AuthKeyView::layOut() {
     layout->addWidget(makeLabel(u"Connect to Tarnwick Network"_s,
                                 {TextStyle::Title3, TextWeight::Semibold}, ThemeColor::Label,
                                 this));
-    layout->addWidget(makeLabel(
+    auto* hint = makeLabel(
         u"Enter the device name and auth key from your Tarnwick dashboard (Add Device)."_s,
-        {TextStyle::Caption}, ThemeColor::Secondary, this));
+        {TextStyle::Caption}, ThemeColor::Secondary, this);
+    hint->balanceLines();
+    layout->addWidget(hint);
     layout->addLayout(makeField(u"Device Name"_s, u"my-device"_s, deviceName_));
     layout->addLayout(makeField(u"Auth Key"_s, u"Paste your auth key here..."_s, authKey_));
     layout->addWidget(error_);

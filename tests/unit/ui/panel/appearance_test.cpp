@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "panel_on_screen.h"
 #include "ui/panel/panel_sections.h"
+#include "ui/style/row_painting.h"
 
 #include <QScopeGuard>
 
@@ -58,6 +59,47 @@ TEST_F(Appearance, TextsOfTwiceTheSizeFitWhileItIsOpen) {
     EXPECT_EQ(panel->height(), panelHeight);
     EXPECT_EQ(entry->height(), entryHeight);
     EXPECT_EQ(deviceRow(*entry, 0)->height(), rowHeight);
+}
+
+TEST_F(Appearance, CountSharesTheBaselineOfItsTitle) {
+    DaemonState state = test::connectedState();
+    state.devices = test::numberedDevices(3);
+    open(state);
+    const auto* entry = find<DevicesSubmenu>();
+    // Both are centred vertically, in the same look.
+    EXPECT_EQ(entry->count().y(), 0);
+    EXPECT_EQ(entry->count().height(), entry->height());
+    EXPECT_EQ(entry->count().look(), TextLook{TextStyle::Caption});
+}
+
+TEST_F(Appearance, HighlightKeepsClearOfThePanelsEdges) {
+    DaemonState state = test::connectedState();
+    state.devices = test::numberedDevices(3);
+    open(state);
+    auto* entry = find<DevicesSubmenu>();
+    const QImage plain = entry->grab().toImage();
+    click(entry);
+    const QImage highlighted = entry->grab().toImage();
+    const int middle = entry->height() / 2;
+    for (const int edge : {0, 1, entry->width() - 2, entry->width() - 1})
+        EXPECT_EQ(highlighted.pixel(edge, middle), plain.pixel(edge, middle)) << edge;
+    EXPECT_NE(highlighted.pixel(8, middle), plain.pixel(8, middle));
+}
+
+TEST_F(Appearance, HeaderLinesUpWithTheRowsAtEverySizeOfText) {
+    const QFont original = QApplication::font();
+    const auto restore = qScopeGuard([&] { QApplication::setFont(original); });
+    open(test::connectedState());
+    const HeaderView& header = *find<HeaderView>();
+    for (const int pixels : {13, 14, 15, 16, 17, 20, 26}) {
+        QFont font = original;
+        font.setPixelSize(pixels);
+        QApplication::setFont(font);
+        settle();
+        const QRect symbol = placeIn(header.symbol(), *panel);
+        EXPECT_EQ(symbol.left() + symbol.right() + 1, 2 * 16 + symbolColumnWidth()) << pixels;
+        EXPECT_EQ(placeIn(header.status(), *panel).left(), 16 + symbolColumnWidth() + 8) << pixels;
+    }
 }
 
 TEST_F(Appearance, DarkAndLightFollowThePaletteWhileRunning) {

@@ -24,22 +24,28 @@ private:
     const QFont original_ = QApplication::font();
 };
 
-TEST_F(TextStyleAtSize, UsualSizesOfSystemsGiveTheNominalSizes) {
-    for (const int usual : {12, 13, 15}) {
+TEST_F(TextStyleAtSize, DefaultFontsOfNineAndTenPointsGiveTheNominalSizes) {
+    for (const int usual : {12, 13}) {
         setApplicationFontSize(usual);
         EXPECT_EQ(scaledSize(TextStyle::Title2), 17);
         EXPECT_EQ(scaledSize(TextStyle::Title3), 15);
         EXPECT_EQ(scaledSize(TextStyle::Headline), 13);
         EXPECT_EQ(scaledSize(TextStyle::Body), 13);
-        EXPECT_EQ(scaledSize(TextStyle::Caption), 10);
-        EXPECT_EQ(scaledSize(TextStyle::Caption2), 10);
+        EXPECT_EQ(scaledSize(TextStyle::Caption), 11);
+        EXPECT_EQ(scaledSize(TextStyle::Caption2), 11);
     }
 }
 
-TEST_F(TextStyleAtSize, LargerAndSmallerWishesScaleAllStyles) {
+TEST_F(TextStyleAtSize, AllStylesFollowTheDesktopsFont) {
+    setApplicationFontSize(15); // 11 points
+    EXPECT_EQ(scaledSize(TextStyle::Body), 15);
+    EXPECT_EQ(scaledSize(TextStyle::Caption), 13);
+    setApplicationFontSize(20);
+    EXPECT_EQ(scaledSize(TextStyle::Body), 20);
+    EXPECT_EQ(scaledSize(TextStyle::Caption), 17);
     setApplicationFontSize(30);
     EXPECT_EQ(scaledSize(TextStyle::Body), 26);
-    EXPECT_EQ(scaledSize(TextStyle::Caption), 20);
+    EXPECT_EQ(scaledSize(TextStyle::Caption), 22);
     setApplicationFontSize(10);
     EXPECT_EQ(scaledSize(TextStyle::Body), 11);
     setApplicationFontSize(500);

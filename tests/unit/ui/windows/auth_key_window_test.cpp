@@ -30,6 +30,43 @@ TEST_F(AuthKeyForm, WindowHasItsTitleAndSizeAndStaysOnTop) {
     EXPECT_LE(off.manhattanLength(), 8); // the frame around the window
 }
 
+TEST_F(AuthKeyForm, FieldsAndButtonsAreOfOneHeight) {
+    const QFont before = QApplication::font();
+    for (const int pixels : {13, 15, 26}) {
+        QFont font = before;
+        font.setPixelSize(pixels);
+        QApplication::setFont(font);
+        open();
+        EXPECT_EQ(deviceName()->height(), authKey()->height());
+        EXPECT_EQ(cancelButton()->height(), deviceName()->height()) << pixels;
+        EXPECT_EQ(connectButton()->height(), deviceName()->height()) << pixels;
+        EXPECT_EQ(connectButton()->font().pixelSize(), deviceName()->font().pixelSize()) << pixels;
+    }
+    QApplication::setFont(before);
+}
+
+TEST_F(AuthKeyForm, LinesOfTheHintAreOfAboutTheSameWidth) {
+    open();
+    const auto labels = dialog()->findChildren<QLabel*>();
+    const auto hint = std::ranges::find_if(labels, [](const QLabel* label) {
+        return label->text().startsWith(u"Enter the device name"_s);
+    });
+    ASSERT_NE(hint, labels.end());
+    const QImage picture = (*hint)->grab().toImage();
+    const QRgb background = picture.pixel(picture.width() - 1, 0);
+    const auto inkWidth = [&](int top, int bottom) {
+        int width = 0;
+        for (int y = top; y < bottom; ++y) {
+            for (int x = 0; x < picture.width(); ++x)
+                width = picture.pixel(x, y) == background ? width : std::max(width, x + 1);
+        }
+        return width;
+    };
+    const int middle = picture.height() / 2;
+    ASSERT_GE(picture.height(), 2 * (*hint)->fontMetrics().height()) << "two lines";
+    EXPECT_GE(inkWidth(middle, picture.height()), inkWidth(0, middle) / 2);
+}
+
 TEST(AuthKeyWindowOptions, AsksForTheStatusEverySecondUnlessToldOtherwise) {
     EXPECT_EQ(AuthKeyWindowOptions().retryInterval, 1000ms);
     EXPECT_EQ(AuthKeyViewOptions().retryInterval, 1000ms);
