@@ -185,7 +185,8 @@ class Session:
 
     def wait_for(self, role, name=None, description=None, seconds=TIME_LIMIT):
         return wait_until(lambda: self.find(role, name, description),
-                          f"{role.name} {name!r}, have {self.texts()}", seconds)
+                          f"{role.name} {name!r}", seconds,
+                          describe=lambda: f"have {self.texts()}")
 
     def wait_for_texts(self, *wanted, without=(), seconds=TIME_LIMIT):
         """Waits until all of these are shown, and none of those `without`."""
