@@ -60,7 +60,7 @@ class PlasmaWayland(Plasma, NestedShell):
         self.start("plasmashell")
 
 
-PACKAGES_13 = f"{PACKAGES} kwin-x11 kwin-wayland plasma-session-x11 plasma-session-wayland kded6 xwayland"
+PACKAGES_13 = f"{PACKAGES} kwin-x11 kwin-wayland kded6 xwayland"
 
 
 class Plasma6X11(PlasmaX11):
