@@ -65,4 +65,10 @@ QStringList StubTool::environment() const {
         .split(u'\n', Qt::SkipEmptyParts);
 }
 
+std::chrono::nanoseconds timeOf(const StubTool& tool, const char* subcommand) {
+    const QString file =
+        tool.directory() + QStringLiteral("/times-") + QLatin1StringView(subcommand);
+    return std::chrono::nanoseconds(contentOf(file).split('\n').first().toLongLong());
+}
+
 } // namespace tarnwick::test

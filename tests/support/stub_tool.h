@@ -7,7 +7,12 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <chrono>
+
 namespace tarnwick::test {
+
+/// A script that notes the time of each call.
+inline constexpr auto recordTimes = R"(date +%s%N >> "$here/times-$1")";
 
 /// A real executable in a directory of its own that records how it was called and then does what
 /// the test gives it as a shell script, with the arguments after the socket flag as "$@".
@@ -35,5 +40,8 @@ public:
 private:
     QTemporaryDir directory_;
 };
+
+/// When a tool whose script is recordTimes first ran with that subcommand.
+std::chrono::nanoseconds timeOf(const StubTool& tool, const char* subcommand);
 
 } // namespace tarnwick::test

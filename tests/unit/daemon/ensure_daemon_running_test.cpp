@@ -99,6 +99,14 @@ TEST_F(EnsureDaemonRunning, NudgeRunsAfterTheProbeAndBeforeTheLogin) {
     EXPECT_EQ(calls.count("login"), 0);
 }
 
+TEST_F(EnsureDaemonRunning, LogInWaitsForThePauseAfterTheNudge) {
+    world_.tool.setScript(test::recordTimes); // and prints nothing, as without a daemon
+    nudge_.setScript("set -- nudge; " + QByteArray(test::recordTimes));
+    logIn();
+    EXPECT_GE(test::timeOf(world_.tool, "login") - test::timeOf(nudge_, "nudge"), pause);
+    EXPECT_EQ(Timing().daemonStartPause, 3s);
+}
+
 TEST_F(EnsureDaemonRunning, MissingNudgeIsIgnoredButThePauseTaken) {
     world_.answer("status", "");
     world_.platform.nudgeDaemon.program = u"/nonexistent/launchctl"_s;

@@ -78,6 +78,14 @@ TEST(StatusResponse, NullPeerIsTheSameAsNone) {
 // The last of the record's cases, the labels of a lone dot and of a dotless name, is in
 // device_info_test.cpp.
 
+TEST(StatusResponse, NullInTheMapOfPeersIsNoPeer) {
+    const auto status = StatusResponse::decode(
+        R"({"BackendState":"Running","Peer":{"a":null,"b":{"HostName":"beta"}}})");
+    ASSERT_TRUE(status && status->peer);
+    EXPECT_EQ(status->peer->keys(), QStringList{u"b"_s});
+    EXPECT_EQ(status->devices().size(), 1);
+}
+
 TEST(StatusResponse, NullsAreTheSameAsAbsentKeys) {
     const auto status = StatusResponse::decode(
         R"({"BackendState":"Running","Self":{"HostName":null,"DNSName":null,"TailscaleIPs":null,
