@@ -11,7 +11,8 @@ struct CommandLineOptions {
     enum class Action { Run, ShowHelp, ShowVersion, InstallDaemon, Refuse };
 
     Action action = Action::Run;
-    QString error; ///< Reason for a refusal.
+    QString error = {};   ///< Reason for a refusal.
+    bool isQuiet = false; ///< Opens no window of its own accord.
 
     /// `arguments` without the program's name. Needs no application, so that "--help" works without
     /// a display.

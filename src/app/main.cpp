@@ -32,12 +32,12 @@ int runSecondLaunch(int argc, char** argv, const QString& socket, const QByteArr
     return 1;
 }
 
-int runApplication(int argc, char** argv) {
+int runApplication(int argc, char** argv, bool isQuiet) {
     const QByteArray activationToken = takeActivationToken();
     const SessionPaths paths = SessionPaths::ofThisSession();
     const InstanceLock lock(paths.lock);
     if (lock.state() == InstanceLock::State::HeldByOther)
-        return runSecondLaunch(argc, argv, paths.socket, activationToken);
+        return isQuiet ? 0 : runSecondLaunch(argc, argv, paths.socket, activationToken);
     spareQtAnUnresponsiveBus(argc, argv);
 
     // As arguments and not in the environment, which child processes inherit.
@@ -52,7 +52,7 @@ int runApplication(int argc, char** argv) {
     // Shown by status areas and screen readers.
     QCoreApplication::setApplicationName(u"Tarnwick Network"_s);
     QGuiApplication::setDesktopFileName(u"tarnwick-client"_s);
-    const TarnwickApp app(paths.socket, {}, std::nullopt, {activationToken});
+    const TarnwickApp app(paths.socket, {}, std::nullopt, {isQuiet, activationToken});
     return QApplication::exec();
 }
 
@@ -83,7 +83,7 @@ int runProgram(int argc, char** argv) {
         std::fprintf(stderr, "tarnwick-client: %s\n", qPrintable(options.error));
         return refusedStatus;
     }
-    return runApplication(argc, argv);
+    return runApplication(argc, argv, options.isQuiet);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "app/tarnwick_app.h"
 
 #include "desktop/activation_token.h"
+#include "desktop/startup_completion.h"
 #include "platform/service_addresses.h"
 #include "ui/controls/display_text.h"
 #include "ui/style/menu_bar_icon.h"
@@ -121,8 +122,8 @@ void TarnwickApp::connectIcon() {
     QObject::connect(&statusArea_, &StatusArea::openChosen, this, [this] {
         appearance_.whenSettled([this] { presenter_.open({statusArea_.iconGeometry()}); });
     });
-    QObject::connect(&statusArea_, &StatusArea::iconShown, this, &TarnwickApp::completeLaunch);
-    QObject::connect(&statusArea_, &StatusArea::absent, this, &TarnwickApp::completeLaunch);
+    QObject::connect(&statusArea_, &StatusArea::iconShown, this, [this] { completeLaunch(true); });
+    QObject::connect(&statusArea_, &StatusArea::absent, this, [this] { completeLaunch(false); });
     QObject::connect(&statusArea_, &StatusArea::quitChosen, qApp, &QCoreApplication::quit);
     const auto showStatus = [this] {
         statusArea_.setStatusLabel(singleLineText(daemon_->state().statusLabel()));
@@ -131,18 +132,25 @@ void TarnwickApp::connectIcon() {
     showStatus();
 }
 
-/// There is all that the launch leads to: the icon, or nothing as long as there is no status area.
-void TarnwickApp::completeLaunch() {
-    const ActivationTokenScope token(std::exchange(launch_, {}).activationToken);
+void TarnwickApp::completeLaunch(bool hasIcon) {
+    const Launch launch = std::exchange(launch_, {}); // later changes are not its doing
+    if (hasIcon || launch.isQuiet)
+        completeStartup(launch.activationToken);
+    else
+        appearance_.whenSettled([this, launch] { openWithoutIcon(launch.activationToken); });
+}
+
+void TarnwickApp::openWithoutIcon(const QByteArray& activationToken) {
+    const ActivationTokenScope token(activationToken);
+    presenter_.openAsWindow();
 }
 
 void TarnwickApp::showOnRequest(const QByteArray& activationToken) {
-    const ActivationTokenScope token(activationToken);
     const std::optional<QRect> icon = statusArea_.iconGeometry();
-    if (icon)
-        presenter_.open({icon});
-    else
-        presenter_.openAsWindow();
+    if (!icon)
+        return openWithoutIcon(activationToken);
+    const ActivationTokenScope token(activationToken);
+    presenter_.open({icon});
 }
 
 void TarnwickApp::showOutcome(const std::optional<QString>& failure) {

@@ -25,6 +25,7 @@ class UpdateAlert;
 
 /// How the program was started.
 struct Launch {
+    bool isQuiet = true; ///< Else the panel opens by itself where there is no icon to click.
     QByteArray activationToken = {};
 };
 
@@ -53,7 +54,8 @@ private:
     void checkForUpdates();
     void showUpdateAlert(const UpdateCheckResult& result);
     void connectIcon();
-    void completeLaunch();
+    void completeLaunch(bool hasIcon);
+    void openWithoutIcon(const QByteArray& activationToken);
     void showOnRequest(const QByteArray& activationToken);
     void showOutcome(const std::optional<QString>& failure);
 

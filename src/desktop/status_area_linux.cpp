@@ -8,10 +8,19 @@
 #include "platform/logging.h"
 
 #include <QDebug>
+#include <QTimer>
 
+#include <chrono>
 #include <utility>
 
 namespace tarnwick {
+
+namespace {
+
+/// How long nothing is shown for want of an answer from the session bus.
+constexpr std::chrono::milliseconds longestWait{1500};
+
+} // namespace
 
 /// Goes to the status-notifier hosts where there are any; where a desktop has both kinds, the X
 /// tray is for old programs. Qt's icon is made only while there is an X tray and no host: with a
@@ -27,6 +36,9 @@ public:
             forgetBus();
             takeAnswer(false);
         });
+        decision_.setSingleShot(true);
+        QObject::connect(&decision_, &QTimer::timeout, &area, [this] { takeAnswer(false); });
+        decision_.start(longestWait);
         // Queued, so that Qt handles the event first.
         QObject::connect(
             &xTray_, &X11Tray::appeared, &area,
@@ -74,6 +86,7 @@ private:
         const bool hasXTray = xTray_.exists();
         qCInfo(desktopLog) << "status-notifier host:" << hasHost << "X tray:" << hasXTray;
         hasHost_ = hasHost;
+        decision_.stop();
         if (hasHost) {
             trayIcon_.reset();
             showItem();
@@ -115,6 +128,7 @@ private:
     std::unique_ptr<StatusNotifierWatcher> hosts_; ///< Null while there is no bus.
     std::unique_ptr<StatusNotifierItem> item_;     ///< Null until there is a host.
     std::optional<bool> hasHost_;                  ///< Nothing until it is known.
+    QTimer decision_;                              ///< Runs while that is not known.
     bool isRegistered_ = false;                    ///< With the watcher that there is now.
     std::unique_ptr<TrayIcon> trayIcon_;
     X11Tray xTray_;

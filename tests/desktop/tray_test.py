@@ -8,13 +8,13 @@ import unittest
 from gi.repository import GLib
 
 from status_notifier_host import StatusNotifierHost
-from virtual_desktop import Desktop, Rect, stays, wait_until
+from virtual_desktop import TIME_LIMIT, Desktop, Rect, stays, wait_until
 
 
 class XTray(unittest.TestCase):
     def test_one_that_starts_late_gets_the_icon(self):
         with Desktop() as desktop:
-            client = desktop.start_client()
+            client = desktop.start_client("--quiet")
             self.assertTrue(stays(lambda: not desktop.windows(client), 2.0))
             desktop.start_tray()
             desktop.wait_for_icon(client)
@@ -79,7 +79,7 @@ class XTray(unittest.TestCase):
 
     def test_it_comes_when_the_session_bus_dies_first(self):
         with Desktop() as desktop:
-            client = desktop.start_client()
+            client = desktop.start_client("--quiet")
             self.assertTrue(stays(client.is_running, 1.0))
             desktop.stop_bus("session")
             desktop.start_tray()
@@ -147,7 +147,7 @@ class NotifierHost(unittest.TestCase):
             self.assertEqual(client.output(), "")
 
     def test_one_that_starts_late_gets_the_icon(self):
-        self.desktop.start_client()
+        self.desktop.start_client("--quiet")
         self.assertTrue(stays(lambda: True, 1.0))
         with StatusNotifierHost(self.address) as host:
             host.wait_for_item()
@@ -160,7 +160,7 @@ class NotifierHost(unittest.TestCase):
             host.wait_for_item()
 
     def test_one_that_restarts_gets_the_icon_again(self):
-        client = self.desktop.start_client()
+        client = self.desktop.start_client("--quiet")
         for _ in range(3):
             with StatusNotifierHost(self.address) as host:
                 host.wait_for_item()
@@ -193,7 +193,7 @@ class NotifierHost(unittest.TestCase):
             self.assertTrue(stays(lambda: len(host.items) == 1, 1.0))
 
     def test_when_the_bus_restarts_the_icon_comes_again(self):
-        client = self.desktop.start_client()
+        client = self.desktop.start_client("--quiet")
         for _ in range(2):
             with StatusNotifierHost(self.address) as host:
                 host.wait_for_item()
@@ -253,12 +253,52 @@ class NotifierHost(unittest.TestCase):
 
 
 class NoStatusArea(unittest.TestCase):
-    def test_the_program_runs_and_shows_nothing(self):
+    def check_that_a_window_opens(self, desktop, seconds=TIME_LIMIT):
+        client = desktop.start_client()
+        panel = desktop.wait_for_panel(client, seconds)
+        window = next(iter(desktop.windows(client)))
+        frame = desktop.run("xprop", "-id", window, "_NET_FRAME_EXTENTS").split("=")[1]
+        self.assertGreater(int(frame.split(",")[2]), 8, "the title bar")
+        self.assertEqual(client.output(), "")
+        return client, panel
+
+    def test_started_at_log_in_the_program_runs_and_shows_nothing(self):
         with Desktop() as desktop:
-            client = desktop.start_client()
-            self.assertTrue(stays(lambda: client.is_running() and not desktop.windows(client), 2.0))
+            client = desktop.start_client("--quiet")
+            self.assertTrue(stays(lambda: client.is_running() and not desktop.windows(client), 3.0))
             self.assertEqual(client.output(), "")
+            self.assertEqual(desktop.start_client("--quiet").wait_for_end(), 0)
+            self.assertTrue(stays(lambda: client.is_running() and not desktop.windows(client), 1.0))
             self.assertEqual(client.stop(), 0)
+
+    def test_started_by_hand_it_opens_its_panel_as_a_window_and_a_status_area_gets_the_icon(self):
+        with Desktop() as desktop:
+            client, panel = self.check_that_a_window_opens(desktop)
+            desktop.start_tray()
+            icon = desktop.wait_for_icon(client)
+            self.assertEqual(desktop.panel(client), panel)
+            desktop.key("Escape")
+            desktop.wait_for_no_panel(client)
+            desktop.click(icon.center)
+            self.assertLess(desktop.wait_for_panel(client).y, 40)
+
+    def test_started_by_hand_without_a_session_bus_it_does_so_too(self):
+        with Desktop(session_bus=False) as desktop:
+            self.check_that_a_window_opens(desktop)
+
+    def test_started_by_hand_with_a_registry_that_hangs_it_does_so_too(self):
+        with Desktop() as desktop, StatusNotifierHost(
+                desktop.environment["DBUS_SESSION_BUS_ADDRESS"], answers=False) as host:
+            self.check_that_a_window_opens(desktop)
+            host.answer()
+            host.wait_for_item()
+
+    def test_a_status_area_that_goes_later_opens_no_window(self):
+        with Desktop(tray="top") as desktop:
+            client = desktop.start_client()
+            desktop.wait_for_icon(client)
+            desktop.stop_tray()
+            self.assertTrue(stays(lambda: desktop.panel(client) is None, 2.0))
 
 
 if __name__ == "__main__":

@@ -16,8 +16,8 @@ class Wayland(unittest.TestCase):
         wait_until((self.desktop.runtime / "wayland-test").exists, "weston")
         self.desktop.environment["WAYLAND_DISPLAY"] = "wayland-test"
 
-    def start_client(self, **environment):
-        return self.desktop.start_client(environment={"WAYLAND_DEBUG": "client", **environment})
+    def start_client(self, *arguments, **environment):
+        return self.desktop.start_client(*arguments, environment={"WAYLAND_DEBUG": "client", **environment})
 
     def test_the_program_runs_and_shows_its_icon_and_panel(self):
         address = self.desktop.environment["DBUS_SESSION_BUS_ADDRESS"]
@@ -31,8 +31,13 @@ class Wayland(unittest.TestCase):
             host.activate((10, 10))
             self.assertEqual(client.stop(), 0)
 
-    def test_without_an_icon_a_second_launch_opens_the_panel(self):
+    def test_without_a_status_area_the_panel_opens(self):
         client = self.start_client()
+        wait_until(lambda: 'set_title("Tarnwick Network")' in client.output(), "the panel")
+        self.assertEqual(client.stop(), 0)
+
+    def test_without_an_icon_a_second_launch_opens_the_panel(self):
+        client = self.start_client("--quiet")
         self.assertTrue(stays(client.is_running, 1.0))
         second = self.desktop.start_client()
         self.assertEqual(second.wait_for_end(), 0)

@@ -19,6 +19,13 @@ TEST(CommandLineOptions, EachOptionIsKnown) {
     EXPECT_EQ(CommandLineOptions::parse({u"--install-daemon"_s}).action, Action::InstallDaemon);
 }
 
+TEST(CommandLineOptions, QuietRunsTheProgramWithoutAWindow) {
+    EXPECT_FALSE(CommandLineOptions::parse({}).isQuiet);
+    const CommandLineOptions options = CommandLineOptions::parse({u"--quiet"_s});
+    EXPECT_EQ(options.action, Action::Run);
+    EXPECT_TRUE(options.isQuiet);
+}
+
 TEST(CommandLineOptions, AnythingElseIsRefusedByName) {
     for (const QString& argument : {u"--verbose"_s, u"-x"_s, u"open"_s, u""_s, u"--Help"_s}) {
         const CommandLineOptions options = CommandLineOptions::parse({argument});
@@ -34,10 +41,10 @@ TEST(CommandLineOptions, AnUnknownOptionStopsAnInstallation) {
               Action::Refuse);
 }
 
-TEST(CommandLineOptions, HelpIsTwoLinesAndNamesEveryOption) {
+TEST(CommandLineOptions, HelpHasALineForTheUsageAndOneForEachOfItsLongerOptions) {
     const QString help = CommandLineOptions::helpText();
-    EXPECT_EQ(help.count(u'\n'), 2);
-    for (const QString& option : {u"--help"_s, u"--version"_s, u"--install-daemon"_s})
+    EXPECT_EQ(help.count(u'\n'), 3);
+    for (const QString& option : {u"--help"_s, u"--version"_s, u"--install-daemon"_s, u"--quiet"_s})
         EXPECT_TRUE(help.contains(option));
 }
 
