@@ -62,9 +62,9 @@ bool CancellationToken::isCancelled() const {
 QDeadlineTimer
 CancellationToken::deadlineAfterCancellation(std::chrono::milliseconds duration) const {
     if (!isCancelled())
-        return QDeadlineTimer(QDeadlineTimer::Forever);
+        return {QDeadlineTimer::Forever};
     const auto left = duration - pipe_->timeSinceRequest();
-    return QDeadlineTimer(std::chrono::duration_cast<std::chrono::milliseconds>(left));
+    return {std::chrono::duration_cast<std::chrono::milliseconds>(left)};
 }
 
 bool CancellationToken::waitFor(std::chrono::milliseconds duration) const {

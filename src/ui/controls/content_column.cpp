@@ -33,7 +33,8 @@ void Divider::paintEvent(QPaintEvent*) {
     // differently here and there.
     const qreal ratio = devicePixelRatioF();
     const int above = mapTo(window(), QPoint(0, 0)).y();
-    const qreal top = qRound((above + height() / 2) * ratio) / ratio - above;
+    const int middle = above + height() / 2;
+    const qreal top = qRound(middle * ratio) / ratio - above;
     const qreal thickness = std::max(1, qRound(ratio)) / ratio;
     QPainter(this).fillRect(QRectF(0, top, width(), thickness), dividerColor(palette()));
 }
