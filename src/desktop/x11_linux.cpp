@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/x11_linux.h"
 
-#include "desktop/compositing.h"
-
 #include <QGuiApplication>
 #include <QLibrary>
+#include <QRegion>
 #include <QScreen>
 
 #include <algorithm>
@@ -26,6 +25,8 @@ struct FreeReply {
 
 template <typename T>
 using Reply = std::unique_ptr<T, FreeReply>;
+
+constexpr std::uint8_t sentBySomeProgram = 0x80; // set in an event's type by the X server
 
 /// The screen number at the end of the display's name, as in ":0.1".
 QByteArray screenNumber() {
@@ -56,14 +57,36 @@ struct X11Display::Xcb {
     decltype(&xcb_get_property_reply) getPropertyReply = nullptr;
     decltype(&xcb_get_property_value) getPropertyValue = nullptr;
     decltype(&xcb_get_property_value_length) getPropertyValueLength = nullptr;
+    decltype(&xcb_change_property) changeProperty = nullptr;
+    decltype(&xcb_delete_property) deleteProperty = nullptr;
+    decltype(&xcb_get_extension_data) getExtensionData = nullptr;
 
-    /// Returns whether all of them were found.
+    // Of the extensions Shape and XFixes, whose headers are not needed to build Qt programs. Qt
+    // uses both; null if it does not.
+    xcb_void_cookie_t (*shapeRectangles)(xcb_connection_t*, std::uint8_t operation,
+                                         std::uint8_t kind, std::uint8_t ordering, xcb_window_t,
+                                         std::int16_t x, std::int16_t y, std::uint32_t count,
+                                         const xcb_rectangle_t*) = nullptr;
+    xcb_void_cookie_t (*selectSelectionInput)(xcb_connection_t*, xcb_window_t, xcb_atom_t,
+                                              std::uint32_t events) = nullptr;
+    xcb_extension_t* fixes = nullptr;
+
+    template <typename Symbol>
+    static bool findIn(QLibrary& library, Symbol& symbol, const char* name) {
+        symbol = reinterpret_cast<Symbol>(library.resolve(name));
+        return symbol != nullptr;
+    }
+
+    /// Returns whether all of the core protocol were found.
     bool resolve() {
         QLibrary library(u"xcb"_s, 1);
+        QLibrary shape(u"xcb-shape"_s, 0);
+        QLibrary fixesLibrary(u"xcb-xfixes"_s, 0);
+        findIn(shape, shapeRectangles, "xcb_shape_rectangles");
+        findIn(fixesLibrary, selectSelectionInput, "xcb_xfixes_select_selection_input");
+        findIn(fixesLibrary, fixes, "xcb_xfixes_id");
         const auto find = [&library](auto& function, const char* name) {
-            function = reinterpret_cast<std::remove_reference_t<decltype(function)>>(
-                library.resolve(name));
-            return function != nullptr;
+            return findIn(library, function, name);
         };
         return find(internAtom, "xcb_intern_atom") &&
                find(internAtomReply, "xcb_intern_atom_reply") && find(getSetup, "xcb_get_setup") &&
@@ -72,6 +95,9 @@ struct X11Display::Xcb {
                find(destroyWindow, "xcb_destroy_window") && find(sendEvent, "xcb_send_event") &&
                find(flush, "xcb_flush") && find(queryExtension, "xcb_query_extension") &&
                find(queryExtensionReply, "xcb_query_extension_reply") &&
+               find(changeProperty, "xcb_change_property") &&
+               find(deleteProperty, "xcb_delete_property") &&
+               find(getExtensionData, "xcb_get_extension_data") &&
                find(getSelectionOwner, "xcb_get_selection_owner") &&
                find(getSelectionOwnerReply, "xcb_get_selection_owner_reply") &&
                find(getProperty, "xcb_get_property") &&
@@ -183,9 +209,44 @@ bool X11Display::isXwayland() {
     return reply && reply->present != 0;
 }
 
-bool isScreenComposited() {
-    X11Display display;
-    return !display.exists() || display.hasOwner(display.atom("_NET_WM_CM_S0"));
+std::uint8_t X11Display::watchSelection(std::uint32_t selection) {
+    constexpr std::uint32_t newOwnerWindowGoneClientGone = 7;
+    if (!xcb_ || !xcb_->selectSelectionInput || !xcb_->fixes)
+        return 0;
+    const xcb_query_extension_reply_t* extension =
+        xcb_->getExtensionData(xcb_->connection, xcb_->fixes);
+    if (!extension || extension->present == 0)
+        return 0;
+    const xcb_window_t root = xcb_->setupRootsIterator(xcb_->getSetup(xcb_->connection)).data->root;
+    xcb_->selectSelectionInput(xcb_->connection, root, selection, newOwnerWindowGoneClientGone);
+    return extension->first_event;
+}
+
+void X11Display::setInputRegion(std::uint32_t window, const QRegion& region) {
+    constexpr std::uint8_t set = 0;
+    constexpr std::uint8_t input = 2;
+    if (!xcb_ || !xcb_->shapeRectangles)
+        return;
+    std::vector<xcb_rectangle_t> rects;
+    for (const QRect& rect : region)
+        rects.push_back({static_cast<std::int16_t>(rect.x()), static_cast<std::int16_t>(rect.y()),
+                         static_cast<std::uint16_t>(rect.width()),
+                         static_cast<std::uint16_t>(rect.height())});
+    xcb_->shapeRectangles(xcb_->connection, set, input, XCB_CLIP_ORDERING_UNSORTED, window, 0, 0,
+                          static_cast<std::uint32_t>(rects.size()), rects.data());
+}
+
+void X11Display::setProperty(std::uint32_t window, const QByteArray& name,
+                             const std::vector<std::uint32_t>& values) {
+    constexpr std::uint8_t bits = 32;
+    if (!xcb_)
+        return;
+    if (values.empty())
+        xcb_->deleteProperty(xcb_->connection, window, atom(name));
+    else
+        xcb_->changeProperty(xcb_->connection, XCB_PROP_MODE_REPLACE, window, atom(name),
+                             XCB_ATOM_CARDINAL, bits, static_cast<std::uint32_t>(values.size()),
+                             values.data());
 }
 
 X11Tray::X11Tray() {
@@ -207,7 +268,6 @@ bool X11Tray::exists() {
 }
 
 bool X11Tray::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*) {
-    constexpr std::uint8_t sentBySomeProgram = 0x80; // set in an event's type by the X server
     if (eventType != "xcb_generic_event_t")
         return false;
     const auto* event = static_cast<const xcb_generic_event_t*>(message);

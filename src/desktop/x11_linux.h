@@ -7,6 +7,9 @@
 
 #include <cstdint>
 #include <memory>
+#include <vector>
+
+class QRegion;
 
 namespace tarnwick {
 
@@ -37,6 +40,17 @@ public:
     /// Whether the X server draws into a Wayland compositor's windows and sees only what happens
     /// over X windows.
     bool isXwayland();
+
+    /// Has an event sent whenever that selection gets an owner or loses it. Returns the event's
+    /// type, 0 if the server offers no such events.
+    std::uint8_t watchSelection(std::uint32_t selection);
+
+    /// The part of a window that takes clicks, in device pixels.
+    void setInputRegion(std::uint32_t window, const QRegion& region);
+
+    /// Sets a property of numbers, such as "_GTK_FRAME_EXTENTS"; without numbers removes it.
+    void setProperty(std::uint32_t window, const QByteArray& name,
+                     const std::vector<std::uint32_t>& values);
 
 private:
     struct Xcb;

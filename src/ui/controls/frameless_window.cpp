@@ -6,23 +6,74 @@
 #include "ui/controls/keyboard_focus.h"
 #include "ui/style/colors.h"
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QRegion>
+#include <QWindow>
+
+#include <utility>
 
 namespace tarnwick {
 
+namespace {
+
+/// Reports the window's place without its shadow.
+class AccessibleFramelessWindow : public QAccessibleWidget {
+public:
+    using QAccessibleWidget::QAccessibleWidget;
+
+    QRect rect() const override {
+        const auto* window = static_cast<const FramelessWindow*>(widget());
+        return QAccessibleWidget::rect().marginsRemoved(window->shadowMargins());
+    }
+};
+
+QAccessibleInterface* accessibleWindow(const QString&, QObject* object) {
+    auto* window = qobject_cast<FramelessWindow*>(object);
+    return window == nullptr ? nullptr : new AccessibleFramelessWindow(window);
+}
+
+} // namespace
+
 FramelessWindow::FramelessWindow(QWidget* parent) : QWidget(parent, flags) {
     setAttribute(Qt::WA_TranslucentBackground);
+    QAccessible::installFactory(accessibleWindow); // once, however often it is called
     new FontChangeForwarder(this);
 }
 
+FramelessWindow::~FramelessWindow() = default;
+
 void FramelessWindow::setVisible(bool visible) {
     if (visible && !isVisible()) {
-        isComposited_ = isScreenComposited(); // a compositor may have started or ended
-        applyMask();
+        updateShadow(); // a compositor may have started or ended
+        isFirstFrame_ = true;
+        compositorWatch_ = watchCompositor([this] { updateShadow(); });
     }
     QWidget::setVisible(visible);
+}
+
+bool FramelessWindow::canHaveShadow() const {
+    return isScreenComposited() && canDeclareShadow();
+}
+
+void FramelessWindow::updateShadow() {
+    const bool hasShadow = windowFlags().testFlag(Qt::FramelessWindowHint) && canHaveShadow();
+    const QMargins margins = hasShadow ? WindowShadow::margins : QMargins();
+    isComposited_ = isScreenComposited();
+    if (margins != shadowMargins_) {
+        const QRect visible = visibleGeometry();
+        shadowMargins_ = margins;
+        shadowMarginsChanged();
+        setVisibleGeometry(visible);
+    }
+    applyMask();
+    update();
+}
+
+void FramelessWindow::setVisibleGeometry(const QRect& geometry) {
+    setGeometry(geometry.marginsAdded(shadowMargins_));
 }
 
 void FramelessWindow::showInFront() {
@@ -32,10 +83,11 @@ void FramelessWindow::showInFront() {
     activateWindow();
 }
 
-void FramelessWindow::setOutline(const QPainterPath& outline) {
+void FramelessWindow::setOutline(const QPainterPath& outline, const QRect& body) {
     if (outline == outline_)
         return;
     outline_ = outline;
+    body_ = body;
     applyMask();
     update();
 }
@@ -51,6 +103,21 @@ void FramelessWindow::applyMask() {
         clearMask();
     else
         setMask(QRegion(outline_.toFillPolygon().toPolygon()));
+    declareShape();
+}
+
+void FramelessWindow::declareShape() {
+    const bool hadShadow = hasDeclaredShadow_;
+    hasDeclaredShadow_ = !shadowMargins_.isNull();
+    if (!hasDeclaredShadow_ && !hadShadow)
+        return;
+    winId(); // the system's window, which has to know before it is shown
+    constexpr int anySize = 16'000;
+    QPainterPath whole;
+    whole.addRect(0, 0, anySize, anySize);
+    const QPoint corner = visibleRect().topLeft();
+    declareShadow(*windowHandle(), shadowMargins_,
+                  hasDeclaredShadow_ ? outline_.translated(corner) : whole);
 }
 
 bool FramelessWindow::event(QEvent* event) {
@@ -72,15 +139,30 @@ bool FramelessWindow::focusNextPrevChild(bool next) {
     return moveFocus(this, next ? 1 : -1);
 }
 
-void FramelessWindow::paintEvent(QPaintEvent*) {
+void FramelessWindow::paintEvent(QPaintEvent* event) {
+    // Window managers that put a window of theirs around this one copy the part that takes clicks
+    // only when they see it change, and see nothing before they have shown it.
+    if (std::exchange(isFirstFrame_, false))
+        declareShape();
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
     if (!isComposited_) // the mask's corners have no alpha
         painter.fillRect(rect(), backgroundColor(palette()));
+    const QPoint corner = visibleRect().topLeft();
+    const QRect opaque = body_.translated(corner).adjusted(0, cornerRadius, 0, -cornerRadius);
+    if (!shadowMargins_.isNull() && !opaque.contains(event->region().boundingRect()))
+        shadow_.paint(painter, body_.translated(corner), palette());
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(corner);
     painter.fillPath(outline_, backgroundColor(palette()));
     // The outer half of this line is clipped away.
     painter.setClipPath(outline_);
     painter.strokePath(outline_, QPen(borderColor(palette()), 2));
+}
+
+void FramelessWindow::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    shadow_.release();
+    compositorWatch_.reset();
 }
 
 } // namespace tarnwick

@@ -1,13 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/style/window_shadow.h"
+
+#include <QMargins>
 #include <QPainterPath>
 #include <QWidget>
+
+#include <memory>
 
 namespace tarnwick {
 
 /// Base of the panel and its popovers: a window without a frame, with a background of any shape, in
-/// which Tab and the arrow keys move the focus. Without a compositor the shape is cut out.
+/// which Tab and the arrow keys move the focus. Without a compositor the shape is cut out; with one
+/// the window has margins for a shadow, which are no part of it for users: they take no clicks, and
+/// placement and assistive technology leave them out.
 class FramelessWindow : public QWidget {
     Q_OBJECT
 
@@ -20,11 +27,37 @@ public:
 
     void setVisible(bool visible) override;
 
+    /// The room around the visible part that the shadow takes.
+    const QMargins& shadowMargins() const { return shadowMargins_; }
+
+    /// The part without the shadow, in coordinates of the window and of the screen.
+    QRect visibleRect() const { return rect().marginsRemoved(shadowMargins_); }
+
+    QRect visibleGeometry() const { return geometry().marginsRemoved(shadowMargins_); }
+
+    bool holdsShadow() const { return !shadow_.isReleased(); }
+
 protected:
     explicit FramelessWindow(QWidget* parent);
+    ~FramelessWindow() override;
+    FramelessWindow(const FramelessWindow&) = delete;
+    FramelessWindow& operator=(const FramelessWindow&) = delete;
 
-    /// Sets the shape of the background, in window coordinates.
-    void setOutline(const QPainterPath& outline);
+    void setVisibleGeometry(const QRect& geometry);
+
+    /// Sets the shape of the background and the part of it that throws the shadow, in coordinates
+    /// of the visible part.
+    void setOutline(const QPainterPath& outline, const QRect& body);
+
+    /// Decides again whether there is a shadow. Its margins are added to the visible part, which
+    /// stays where it is.
+    void updateShadow();
+
+    /// Whether the session shows a shadow that the window draws.
+    virtual bool canHaveShadow() const;
+
+    /// The margins have changed; the window is about to be resized.
+    virtual void shadowMarginsChanged() {}
 
     static QPainterPath roundedOutline(const QRectF& rect);
 
@@ -40,12 +73,20 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     void paintEvent(QPaintEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
     void applyMask();
+    void declareShape();
 
     QPainterPath outline_;
+    QRect body_;
+    WindowShadow shadow_;
+    QMargins shadowMargins_;
+    std::unique_ptr<QObject> compositorWatch_; ///< While visible.
     bool isComposited_ = true;
+    bool hasDeclaredShadow_ = false;
+    bool isFirstFrame_ = false;
 };
 
 } // namespace tarnwick

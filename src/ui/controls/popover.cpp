@@ -20,12 +20,12 @@ int clampedStart(int start, int length, int first, int last) {
 constexpr double arrowFoot = 3; // radius where the arrow leaves the body
 constexpr double arrowTip = 2;
 
-struct Corner {
+struct PolygonCorner {
     QPointF point;
     double radius;
 };
 
-QPainterPath roundedPolygon(const QList<Corner>& corners) {
+QPainterPath roundedPolygon(const QList<PolygonCorner>& corners) {
     constexpr double circle = 0.5523; // makes a cubic curve a quarter of a circle
     const auto towards = [](const QPointF& from, const QPointF& to, double distance) {
         return QLineF(from, to).pointAt(distance / QLineF(from, to).length());
@@ -123,9 +123,17 @@ void Popover::place() {
         screen = anchor_->screen();
     placement_ = PopoverPlacement::beside(anchor, content_->sizeHint(), screen->availableGeometry(),
                                           layoutDirection());
-    setGeometry(placement_.window);
-    content_->setGeometry(placement_.contentRect());
-    setOutline(placement_.outline());
+    setVisibleGeometry(placement_.window);
+    placeContent();
+    setOutline(placement_.outline(), placement_.contentRect());
+}
+
+void Popover::placeContent() {
+    content_->setGeometry(placement_.contentRect().translated(visibleRect().topLeft()));
+}
+
+void Popover::shadowMarginsChanged() {
+    placeContent();
 }
 
 bool Popover::event(QEvent* event) {

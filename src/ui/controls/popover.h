@@ -56,11 +56,13 @@ Q_SIGNALS:
 protected:
     void escape() override;
     void deactivated() override;
+    void shadowMarginsChanged() override;
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void place();
+    void placeContent();
     void reviewActivation();
     bool belongsToAnchor(const QObject* watched) const;
     bool isAboveAnchor(const QObject* watched) const;

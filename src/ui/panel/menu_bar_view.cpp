@@ -27,7 +27,7 @@ MenuBarView::MenuBarView(std::shared_ptr<DaemonManager> daemon, PerformCommand p
     : FramelessWindow(parent), daemon_(std::move(daemon)), scrollArea_(new OverlayScrollArea(this)),
       column_(new PanelColumn(std::move(perform), nullptr)) {
     setWindowTitle(u"Tarnwick Network"_s);
-    setFixedWidth(panelWidth);
+    MenuBarView::shadowMarginsChanged();
     scrollArea_->setContents(column_);
     activationReview_.setSingleShot(true);
     QObject::connect(&activationReview_, &QTimer::timeout, this, &MenuBarView::reviewActivation);
@@ -73,14 +73,14 @@ void MenuBarView::openAs(Qt::WindowFlags newFlags, const QPoint& topLeft) {
     const QRect available = screen->availableGeometry();
     growsUpwards_ = available.bottom() - opened.bottom() < opened.top() - available.top();
     lastActive_ = this;
-    setGeometry(opened);
+    setVisibleGeometry(opened);
     showInFront();
 }
 
 void MenuBarView::setVisible(bool visible) {
     if (visible && !isVisible()) {
         render(); // the first frame must be up to date
-        resize(panelSize());
+        setVisibleGeometry({visibleGeometry().topLeft(), panelSize()});
     }
     FramelessWindow::setVisible(visible);
 }
@@ -103,15 +103,16 @@ void MenuBarView::render() {
 
 void MenuBarView::fitHeight() {
     const int newHeight = std::min(column_->contentHeight(panelWidth), maximumPanelHeight_);
-    if (newHeight == height())
+    const QRect shown = visibleGeometry();
+    if (newHeight == shown.height())
         return;
-    QRect fitted(geometry().topLeft(), QSize(panelWidth, newHeight));
+    QRect fitted(shown.topLeft(), QSize(panelWidth, newHeight));
     if (growsUpwards_)
-        fitted.moveBottom(geometry().bottom());
+        fitted.moveBottom(shown.bottom());
     const QRect available = screen()->availableGeometry();
     fitted.moveTop(
         std::max(available.top(), std::min(fitted.top(), available.bottom() + 1 - newHeight)));
-    setGeometry(fitted);
+    setVisibleGeometry(fitted);
 }
 
 bool MenuBarView::event(QEvent* event) {
@@ -163,10 +164,15 @@ void MenuBarView::escape() {
 
 void MenuBarView::resizeEvent(QResizeEvent* event) {
     FramelessWindow::resizeEvent(event);
-    scrollArea_->setGeometry(rect());
+    scrollArea_->setGeometry(visibleRect());
+    const QRect shape(QPoint(0, 0), visibleRect().size());
     QPainterPath square;
-    square.addRect(rect());
-    setOutline(isOrdinaryWindow() ? square : roundedOutline(rect()));
+    square.addRect(shape);
+    setOutline(isOrdinaryWindow() ? square : roundedOutline(shape), shape);
+}
+
+void MenuBarView::shadowMarginsChanged() {
+    setFixedWidth(panelWidth + shadowMargins().left() + shadowMargins().right());
 }
 
 void MenuBarView::hideEvent(QHideEvent* event) {

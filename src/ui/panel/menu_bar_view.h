@@ -62,6 +62,7 @@ protected:
     void escape() override;
     void deactivated() override;
     bool event(QEvent* event) override;
+    void shadowMarginsChanged() override;
     void resizeEvent(QResizeEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 

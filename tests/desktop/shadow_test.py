@@ -1,0 +1,83 @@
+# SPDX-License-Identifier: MIT
+"""The shadow around the panel and its popovers, under a compositor and without one."""
+
+import unittest
+
+from virtual_desktop import Desktop, Rect, wait_until
+
+PANEL_WIDTH = 300
+
+
+class Shadow(unittest.TestCase):
+    def setUp(self):
+        self.desktop = self.enterContext(Desktop(tray="top"))
+        self.compositor = None
+        self.start_compositor()
+        self.client = self.desktop.start_client()
+        self.icon = self.desktop.wait_for_icon(self.client)
+
+    def start_compositor(self):
+        self.compositor = self.desktop.start("xcompmgr", "-n")
+        wait_until(lambda: "_NET_WM_CM_S0" in self.desktop.run("xlsatoms"), "the compositor")
+
+    def open_panel(self):
+        self.desktop.click(self.icon.center)
+        return self.desktop.wait_for_panel(self.client)
+
+    def window_of(self, rect):
+        return next(window for window, place in self.desktop.windows(self.client).items()
+                    if place == rect)
+
+    def extents(self, rect):
+        """Left, right, top and bottom margin of the window there; None without shadow."""
+        text = self.desktop.run("xprop", "-id", self.window_of(rect), "_GTK_FRAME_EXTENTS")
+        return tuple(int(part) for part in text.split("=")[1].split(",")) if "=" in text else None
+
+    def visible(self, rect):
+        left, right, top, bottom = self.extents(rect)
+        return Rect(rect.x + left, rect.y + top, rect.width - left - right,
+                    rect.height - top - bottom)
+
+    def test_is_outside_of_the_panel_whose_visible_edge_is_at_the_bar(self):
+        window = self.open_panel()
+        panel = self.visible(window)
+        self.assertEqual(panel.width, PANEL_WIDTH)
+        self.assertGreater(window.width, PANEL_WIDTH)
+        self.assertGreaterEqual(panel.y, self.icon.bottom)
+        self.assertLess(panel.y, self.icon.bottom + 8)
+
+    def test_darkens_what_is_below_and_fades(self):
+        panel = self.visible(self.open_panel())
+        middle = panel.y + panel.height // 2
+
+        def brightness(distance):
+            return self.desktop.brightness(Rect(panel.x - distance - 1, middle, 1, 1))[0]
+
+        wait_until(lambda: brightness(1) < 0.9 * brightness(60), "the shadow")
+        self.assertLess(brightness(1), brightness(8))
+        self.assertLess(brightness(8), brightness(20))
+        self.assertAlmostEqual(brightness(26), brightness(60), places=2)
+
+    def test_takes_no_clicks(self):
+        below, rect = self.desktop.open_window(Rect(700, 200, 560, 500))
+        panel = self.visible(self.open_panel())
+        point = panel.center[0], panel.bottom + 4
+        self.assertTrue(rect.y < point[1] < rect.bottom, (rect, panel))
+        self.desktop.click(point)
+        self.desktop.wait_for_no_panel(self.client)
+        self.assertEqual(self.desktop.active_window(), below)
+
+    def test_comes_and_goes_with_the_compositor(self):
+        window = self.open_panel()
+        panel = self.visible(window)
+        self.compositor.stop()
+        wait_until(lambda: self.desktop.panel(self.client) == panel, "the panel without shadow",
+                   describe=lambda: self.desktop.windows(self.client))
+        self.assertIsNone(self.extents(panel))
+        self.start_compositor()
+        wait_until(lambda: self.desktop.panel(self.client) == window, "the panel with its shadow")
+        self.assertEqual(self.visible(window), panel)
+
+
+if __name__ == "__main__":
+    unittest.main()
