@@ -54,12 +54,19 @@ class Screen:
         return {window: rect for window, rect in found.items() if rect}
 
     def geometry(self, window):
-        """Where a window is; None when it is gone."""
+        """Where a window is without its shadow; None when it is gone."""
         values = dict(line.split("=") for line in self.run(
             "xdotool", "getwindowgeometry", "--shell", window).split() if "=" in line)
         if "WIDTH" not in values:
             return None
-        return Rect(*(int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")))
+        x, y, width, height = (int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT"))
+        left, right, top, bottom = self.shadow_margins(window) or (0, 0, 0, 0)
+        return Rect(x + left, y + top, width - left - right, height - top - bottom)
+
+    def shadow_margins(self, window):
+        """The left, right, top and bottom margin that hold a window's shadow; None without one."""
+        text = self.run("xprop", "-id", window, "_GTK_FRAME_EXTENTS")
+        return tuple(int(part) for part in text.split("=")[1].split(",")) if "=" in text else None
 
     def find_window(self, process, condition):
         """Where the first such window of a process is; None when there is none."""

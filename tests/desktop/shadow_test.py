@@ -3,9 +3,7 @@
 
 import unittest
 
-from virtual_desktop import Desktop, Rect, wait_until
-
-PANEL_WIDTH = 300
+from virtual_desktop import PANEL_WIDTH, Desktop, Rect, wait_until
 
 
 class Shadow(unittest.TestCase):
@@ -28,26 +26,18 @@ class Shadow(unittest.TestCase):
         return next(window for window, place in self.desktop.windows(self.client).items()
                     if place == rect)
 
-    def extents(self, rect):
-        """Left, right, top and bottom margin of the window there; None without shadow."""
-        text = self.desktop.run("xprop", "-id", self.window_of(rect), "_GTK_FRAME_EXTENTS")
-        return tuple(int(part) for part in text.split("=")[1].split(",")) if "=" in text else None
-
-    def visible(self, rect):
-        left, right, top, bottom = self.extents(rect)
-        return Rect(rect.x + left, rect.y + top, rect.width - left - right,
-                    rect.height - top - bottom)
+    def margins(self, panel):
+        return self.desktop.shadow_margins(self.window_of(panel))
 
     def test_is_outside_of_the_panel_whose_visible_edge_is_at_the_bar(self):
-        window = self.open_panel()
-        panel = self.visible(window)
+        panel = self.open_panel()
+        self.assertGreater(min(self.margins(panel)), 0)
         self.assertEqual(panel.width, PANEL_WIDTH)
-        self.assertGreater(window.width, PANEL_WIDTH)
         self.assertGreaterEqual(panel.y, self.icon.bottom)
         self.assertLess(panel.y, self.icon.bottom + 8)
 
     def test_darkens_what_is_below_and_fades(self):
-        panel = self.visible(self.open_panel())
+        panel = self.open_panel()
         middle = panel.y + panel.height // 2
 
         def brightness(distance):
@@ -60,7 +50,7 @@ class Shadow(unittest.TestCase):
 
     def test_takes_no_clicks(self):
         below, rect = self.desktop.open_window(Rect(700, 200, 560, 500))
-        panel = self.visible(self.open_panel())
+        panel = self.open_panel()
         point = panel.center[0], panel.bottom + 4
         self.assertTrue(rect.y < point[1] < rect.bottom, (rect, panel))
         self.desktop.click(point)
@@ -68,15 +58,14 @@ class Shadow(unittest.TestCase):
         self.assertEqual(self.desktop.active_window(), below)
 
     def test_comes_and_goes_with_the_compositor(self):
-        window = self.open_panel()
-        panel = self.visible(window)
+        panel = self.open_panel()
         self.compositor.stop()
-        wait_until(lambda: self.desktop.panel(self.client) == panel, "the panel without shadow",
-                   describe=lambda: self.desktop.windows(self.client))
-        self.assertIsNone(self.extents(panel))
+        window = self.window_of(panel)
+        wait_until(lambda: self.desktop.shadow_margins(window) is None, "the panel without shadow")
+        self.assertEqual(self.desktop.wait_for_panel(self.client), panel)
         self.start_compositor()
-        wait_until(lambda: self.desktop.panel(self.client) == window, "the panel with its shadow")
-        self.assertEqual(self.visible(window), panel)
+        wait_until(lambda: self.desktop.shadow_margins(window), "the panel with its shadow")
+        self.assertEqual(self.desktop.wait_for_panel(self.client), panel)
 
 
 if __name__ == "__main__":
