@@ -15,6 +15,7 @@ from trial import No, Trial
 
 def one_check(check, trial):
     """Returns the cell: whether it holds, and what was measured or found instead."""
+    time.sleep(1)  # a hand needs as long; clicks that come sooner may count as one
     try:
         return True, check(trial)
     except No as found:
