@@ -22,6 +22,9 @@ class Plasma(Shell):
 
     def start_shell(self):
         self.start_log_in_manager()
+        # A picture while the session starts would pass for the desktop.
+        (self.home / ".config/ksplashrc").write_text("[KSplash]\nEngine=none\nTheme=None\n",
+                                                     encoding="utf-8")
         self.start_desktop()
         self.wait_for_status_area()
 
