@@ -62,7 +62,7 @@ TEST_F(DevicesSubmenuTest, NoAddressIsAnEmptyLineAndNoSystemIsNothing) {
     const DeviceRow& row = *deviceRow(*entry, 1);
     EXPECT_EQ(row.address().text(), ""_L1);
     EXPECT_EQ(row.os().width(), 0);
-    EXPECT_EQ(row.height(), deviceRow(*entry, 0)->height()) << "the line is empty, not missing";
+    EXPECT_EQ(row.sizeHint(), deviceRow(*entry, 0)->sizeHint()) << "the line is empty, not missing";
     EXPECT_EQ(row.name().geometry().right(), 260 - 16 - 1) << "the name has the whole width";
     EXPECT_EQ(deviceRow(*entry, 0)->os().geometry().right(), 260 - 16 - 1);
 }
