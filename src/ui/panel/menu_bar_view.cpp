@@ -8,6 +8,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace tarnwick {
@@ -19,6 +20,18 @@ namespace {
 /// How long the window manager may take to activate the panel again after a popover has closed;
 /// meanwhile no window is active.
 constexpr int handOverMilliseconds = 300;
+
+/// The height, a little more where a fractional scale would not make it a whole number of pixels:
+/// rounded, the panel would overlap the bar that it touches.
+int wholePixelHeight(int height, qreal ratio) {
+    constexpr int most = 4; // enough for scales in steps of a quarter
+    for (int more = 0; more < most; ++more) {
+        const qreal pixels = (height + more) * ratio;
+        if (qFuzzyCompare(pixels, std::round(pixels)))
+            return height + more;
+    }
+    return height;
+}
 
 } // namespace
 
@@ -41,7 +54,7 @@ MenuBarView::~MenuBarView() = default;
 
 QSize MenuBarView::panelSize() {
     render();
-    return {panelWidth, std::min(column_->contentHeight(panelWidth), maximumPanelHeight_)};
+    return {panelWidth, fittingHeight()};
 }
 
 void MenuBarView::setMaximumPanelHeight(int height) {
@@ -101,8 +114,13 @@ void MenuBarView::render() {
         fitHeight();
 }
 
+int MenuBarView::fittingHeight() const {
+    const int content = column_->contentHeight(panelWidth);
+    return std::min(wholePixelHeight(content, devicePixelRatioF()), maximumPanelHeight_);
+}
+
 void MenuBarView::fitHeight() {
-    const int newHeight = std::min(column_->contentHeight(panelWidth), maximumPanelHeight_);
+    const int newHeight = fittingHeight();
     const QRect shown = visibleGeometry();
     if (newHeight == shown.height())
         return;

@@ -71,6 +71,7 @@ private:
     bool isOrdinaryWindow() const;
     void renderIfVisible();
     void render();
+    int fittingHeight() const;
     void fitHeight();
     void scheduleActivationReview();
     void reviewActivation();
