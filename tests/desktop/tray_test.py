@@ -144,7 +144,9 @@ class NotifierHost(unittest.TestCase):
             host.call("Scroll", "(is)", -2**31, "sideways")
             self.assertIsNone(self.desktop.panel(client))
             self.assertEqual(client.stop(), 0)
-            self.assertEqual(client.output(), "")
+            own = [line for line in client.output().splitlines()
+                   if not line.startswith("qt.dbus.integration: ")]  # newer ones report each refusal
+            self.assertEqual(own, [])
 
     def test_one_that_starts_late_gets_the_icon(self):
         self.desktop.start_client("--quiet")

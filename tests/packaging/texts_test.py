@@ -64,9 +64,10 @@ class Texts(unittest.TestCase):
         self.assertEqual(entries, ["tarnwick-client"])
         metainfo = xml.etree.ElementTree.parse(LINUX / "com.tarnwick.client.metainfo.xml")
         self.assertEqual(metainfo.findtext("launchable"), "tarnwick-client.desktop")
-        for path in (LINUX / "tarnwick-client.desktop", LINUX / "autostart/tarnwick-client.desktop"):
+        for path, command in ((LINUX / "tarnwick-client.desktop", "tarnwick-client"),
+                              (LINUX / "autostart/tarnwick-client.desktop", "tarnwick-client --quiet")):
             entry = desktop_entry(path)
-            self.assertEqual(entry["Exec"], "tarnwick-client")
+            self.assertEqual(entry["Exec"], command)
             self.assertEqual(entry["Icon"], "tarnwick-client")
             self.assertEqual(entry["Name"], metainfo.findtext("name"))
         self.assertTrue((LINUX / "icons/scalable/tarnwick-client.svg").exists())
