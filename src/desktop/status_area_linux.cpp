@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "desktop/embedded_icon_linux.h"
 #include "desktop/message_bus_linux.h"
+#include "desktop/session_environment.h"
 #include "desktop/status_area.h"
 #include "desktop/status_notifier_item_linux.h"
 #include "desktop/status_notifier_watcher_linux.h"
@@ -23,8 +25,9 @@ constexpr std::chrono::milliseconds longestWait{1500};
 } // namespace
 
 /// Goes to the status-notifier hosts where there are any; where a desktop has both kinds, the X
-/// tray is for old programs. Qt's icon is made only while there is an X tray and no host: with a
-/// host, Qt would make a status-notifier item of it, and decides that once a process.
+/// tray is for old programs, but under GNOME works better. Qt's icon is made only while there is an
+/// X tray and no registry of hosts: with one, Qt may make a status-notifier item of it, and waits
+/// for a registry that hangs.
 class StatusArea::Icon {
 public:
     Icon(StatusArea& area, QIcon picture, bool hasMenu)
@@ -43,8 +46,9 @@ public:
         QObject::connect(
             &xTray_, &X11Tray::appeared, &area,
             [this] {
-                if (hasHost_ == false) // while that is unknown, its answer is waited for
-                    takeAnswer(false);
+                embeddedIcon_.reset();
+                if (hasHost_) // while that is unknown, its answer is waited for
+                    takeAnswer(*hasHost_);
             },
             Qt::QueuedConnection);
     }
@@ -58,6 +62,8 @@ public:
     }
 
     std::optional<QRect> geometry() const {
+        if (embeddedIcon_)
+            return embeddedIcon_->geometryInTray();
         return trayIcon_ ? trayIcon_->geometry() : std::nullopt;
     }
 
@@ -87,10 +93,17 @@ private:
         qCInfo(desktopLog) << "status-notifier host:" << hasHost << "X tray:" << hasXTray;
         hasHost_ = hasHost;
         decision_.stop();
-        if (hasHost) {
+        if (hasHost && !(hasXTray && prefersXTray_)) {
             trayIcon_.reset();
+            embeddedIcon_.reset();
             showItem();
+        } else if (hasXTray && hosts_ && hosts_->mayExist()) {
+            trayIcon_.reset();
+            item_.reset();
+            isRegistered_ = false;
+            showEmbeddedIcon();
         } else if (hasXTray) {
+            embeddedIcon_.reset();
             showTrayIcon();
         } else {
             Q_EMIT area_.absent();
@@ -110,6 +123,14 @@ private:
         Q_EMIT area_.iconShown();
     }
 
+    void showEmbeddedIcon() {
+        if (embeddedIcon_)
+            return;
+        embeddedIcon_ = std::make_unique<EmbeddedIcon>(
+            xTray_, picture_, [this](const IconClick& click) { Q_EMIT area_.iconClicked(click); });
+        Q_EMIT area_.iconShown();
+    }
+
     // Qt's icon follows restarts of the tray by itself.
     void showTrayIcon() {
         if (trayIcon_)
@@ -123,6 +144,7 @@ private:
     StatusArea& area_;
     const QIcon picture_;
     const bool hasMenu_;
+    const bool prefersXTray_ = hasGnomeStatusArea(QProcessEnvironment::systemEnvironment());
     QString statusLabel_;
     MessageBus bus_;
     std::unique_ptr<StatusNotifierWatcher> hosts_; ///< Null while there is no bus.
@@ -132,6 +154,7 @@ private:
     bool isRegistered_ = false;                    ///< With the watcher that there is now.
     std::unique_ptr<TrayIcon> trayIcon_;
     X11Tray xTray_;
+    std::unique_ptr<EmbeddedIcon> embeddedIcon_;
 };
 
 StatusArea::StatusArea(QIcon picture, bool hasMenu)

@@ -24,6 +24,10 @@ QString objectPath() {
     return u"/StatusNotifierItem"_s; // the one where every host looks
 }
 
+QString wantedBusName() {
+    return u"org.kde.StatusNotifierItem-%1-1"_s.arg(QCoreApplication::applicationPid());
+}
+
 StatusNotifierPixmap pixmapOf(const QIcon& picture, int size) {
     const QImage image =
         picture.pixmap(QSize(size, size), 1.0).toImage().convertToFormat(QImage::Format_ARGB32);
@@ -74,16 +78,21 @@ StatusNotifierItem::StatusNotifierItem(QDBusConnection sessionBus, QIcon picture
     requestName();
 }
 
+// Hosts notice that the name goes, while the connection stays.
 StatusNotifierItem::~StatusNotifierItem() {
     bus_.unregisterObject(objectPath());
+    QDBusMessage release =
+        QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
+                                       u"org.freedesktop.DBus"_s, u"ReleaseName"_s);
+    release << wantedBusName();
+    bus_.send(release);
 }
 
 // Not QDBusConnection::registerService(), which waits for the answer.
 void StatusNotifierItem::requestName() {
     constexpr uint doNotQueue = 4;
     constexpr uint isOwner = 1;
-    const QString wanted =
-        u"org.kde.StatusNotifierItem-%1-1"_s.arg(QCoreApplication::applicationPid());
+    const QString wanted = wantedBusName();
     QDBusMessage request =
         QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
                                        u"org.freedesktop.DBus"_s, u"RequestName"_s);

@@ -13,6 +13,11 @@ namespace {
 constexpr const char* interfaceName = "org.kde.StatusNotifierWatcher";
 constexpr int watcherTimeout = 3000; // milliseconds
 
+bool saysThatNobodyHasTheName(const QDBusError& error) {
+    return error.type() == QDBusError::ServiceUnknown ||
+           error.name() == u"org.freedesktop.DBus.Error.NameHasNoOwner"_s;
+}
+
 } // namespace
 
 StatusNotifierWatcher::StatusNotifierWatcher(const QDBusConnection& sessionBus)
@@ -21,6 +26,7 @@ StatusNotifierWatcher::StatusNotifierWatcher(const QDBusConnection& sessionBus)
       presence_(service(), sessionBus, QDBusServiceWatcher::WatchForOwnerChange) {
     QObject::connect(&presence_, &QDBusServiceWatcher::serviceOwnerChanged, this,
                      [this](const QString&, const QString&, const QString& newOwner) {
+                         mayExist_ = !newOwner.isEmpty();
                          Q_EMIT restarted();
                          if (newOwner.isEmpty())
                              Q_EMIT answered(false);
@@ -44,6 +50,7 @@ void StatusNotifierWatcher::ask() {
                      [this](QDBusPendingCallWatcher* finished) {
                          const QDBusPendingReply<QVariant> reply = *finished;
                          finished->deleteLater();
+                         mayExist_ = !saysThatNobodyHasTheName(reply.error());
                          Q_EMIT answered(reply.isValid() && reply.value().toBool());
                          // It hangs, or is busy starting. Its end is reported otherwise.
                          if (reply.error().type() == QDBusError::NoReply)

@@ -17,6 +17,10 @@ public:
     /// Asks whether there is a host; answered() follows.
     void ask();
 
+    /// Whether there is a registry, with or without a host, as far as is known: one that hangs
+    /// counts.
+    bool mayExist() const { return mayExist_; }
+
 Q_SIGNALS:
     /// The signals of these names on the bus.
     void StatusNotifierHostRegistered();
@@ -30,6 +34,7 @@ Q_SIGNALS:
 
 private:
     QDBusServiceWatcher presence_;
+    bool mayExist_ = true;
 };
 
 } // namespace tarnwick

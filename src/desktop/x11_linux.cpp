@@ -228,10 +228,11 @@ void X11Display::setInputRegion(std::uint32_t window, const QRegion& region) {
     if (!xcb_ || !xcb_->shapeRectangles)
         return;
     std::vector<xcb_rectangle_t> rects;
-    for (const QRect& rect : region)
+    for (const QRect& rect : region) {
         rects.push_back({static_cast<std::int16_t>(rect.x()), static_cast<std::int16_t>(rect.y()),
                          static_cast<std::uint16_t>(rect.width()),
                          static_cast<std::uint16_t>(rect.height())});
+    }
     xcb_->shapeRectangles(xcb_->connection, set, input, XCB_CLIP_ORDERING_UNSORTED, window, 0, 0,
                           static_cast<std::uint32_t>(rects.size()), rects.data());
 }
@@ -241,12 +242,28 @@ void X11Display::setProperty(std::uint32_t window, const QByteArray& name,
     constexpr std::uint8_t bits = 32;
     if (!xcb_)
         return;
-    if (values.empty())
+    if (values.empty()) {
         xcb_->deleteProperty(xcb_->connection, window, atom(name));
-    else
-        xcb_->changeProperty(xcb_->connection, XCB_PROP_MODE_REPLACE, window, atom(name),
-                             XCB_ATOM_CARDINAL, bits, static_cast<std::uint32_t>(values.size()),
-                             values.data());
+        return;
+    }
+    xcb_->changeProperty(xcb_->connection, XCB_PROP_MODE_REPLACE, window, atom(name),
+                         XCB_ATOM_CARDINAL, bits, static_cast<std::uint32_t>(values.size()),
+                         values.data());
+}
+
+void X11Display::sendMessage(std::uint32_t window, const QByteArray& type,
+                             const std::array<std::uint32_t, 5>& values) {
+    if (!xcb_)
+        return;
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window;
+    message.type = atom(type);
+    std::copy(values.begin(), values.end(), message.data.data32);
+    xcb_->sendEvent(xcb_->connection, 0, window, XCB_EVENT_MASK_NO_EVENT,
+                    reinterpret_cast<const char*>(&message));
+    xcb_->flush(xcb_->connection);
 }
 
 X11Tray::X11Tray() {
@@ -265,6 +282,15 @@ X11Tray::~X11Tray() {
 
 bool X11Tray::exists() {
     return display_.hasOwner(traySelection_);
+}
+
+// Qt has given the window the properties by which a tray knows what to do with it.
+void X11Tray::embed(std::uint32_t window) {
+    constexpr std::uint32_t requestDock = 0;
+    const std::uint32_t tray = display_.owner(traySelection_);
+    if (tray != XCB_WINDOW_NONE)
+        display_.sendMessage(tray, "_NET_SYSTEM_TRAY_OPCODE",
+                             {XCB_CURRENT_TIME, requestDock, window, 0, 0});
 }
 
 bool X11Tray::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*) {

@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QObject>
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -28,7 +29,14 @@ public:
 
     std::uint32_t atom(const QByteArray& name);
 
+    /// The window that owns the selection; 0 for none.
+    std::uint32_t owner(std::uint32_t selection);
+
     bool hasOwner(std::uint32_t selection) { return owner(selection) != 0; }
+
+    /// Sends a message to the client that made `window`.
+    void sendMessage(std::uint32_t window, const QByteArray& type,
+                     const std::array<std::uint32_t, 5>& values);
 
     /// Whether the session gives its texts a resolution, by which Qt scales everything.
     bool hasResolutionOfTexts();
@@ -55,11 +63,9 @@ public:
 private:
     struct Xcb;
 
-    /// The window that owns the selection; 0 for none.
-    std::uint32_t owner(std::uint32_t selection);
-
     /// The beginning of that property of the window, or of the root window for none.
     QByteArray property(std::uint32_t window, const QByteArray& name);
+
     std::unique_ptr<Xcb> xcb_;
 };
 
@@ -76,6 +82,9 @@ public:
 
     /// Whether there is a tray now. A round trip to the X server.
     bool exists();
+
+    /// Asks the tray that there is now to show that window, which Qt has made.
+    void embed(std::uint32_t window);
 
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 

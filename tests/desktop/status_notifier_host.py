@@ -65,9 +65,9 @@ class StatusNotifierHost:
         self._context.pop_thread_default()
 
     def _call_bus(self, method, arguments):
-        self._bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus",
-                            "org.freedesktop.DBus", method, arguments, None,
-                            Gio.DBusCallFlags.NONE, CALL_LIMIT, None)
+        return self._bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                   "org.freedesktop.DBus", method, arguments, None,
+                                   Gio.DBusCallFlags.NONE, CALL_LIMIT, None).unpack()
 
     def _call(self, _connection, sender, _path, _interface, method, arguments, invocation):
         (text,) = arguments.unpack()
@@ -110,6 +110,11 @@ class StatusNotifierHost:
 
     def wait_for_item(self, seconds=TIME_LIMIT):
         return wait_until(lambda: self.items and self.items[-1], "an icon", seconds)
+
+    def is_item_there(self):
+        """Whether the bus name under which it registered is still taken."""
+        name, _ = self.wait_for_item()
+        return self._call_bus("NameHasOwner", GLib.Variant("(s)", (name,)))[0]
 
     def _call_item(self, path, interface, method, arguments):
         name, _ = self.wait_for_item()

@@ -254,6 +254,63 @@ class NotifierHost(unittest.TestCase):
             self.assertEqual(host.property("IconPixmap"), [])
 
 
+class GnomeStatusArea(unittest.TestCase):
+    """GNOME's extension is both kinds of status area, and only its X tray passes on each click."""
+
+    def setUp(self):
+        self.desktop = self.enterContext(Desktop())
+        self.address = self.desktop.environment["DBUS_SESSION_BUS_ADDRESS"]
+
+    def start_client(self):
+        return self.desktop.start_client(environment={"XDG_CURRENT_DESKTOP": "ubuntu:GNOME"})
+
+    def check_clicks(self, client):
+        icon = self.desktop.wait_for_icon(client)
+        for button in (1, 3):
+            self.desktop.click(icon.center, button=button)
+            panel = self.desktop.wait_for_panel(client)
+            self.assertLessEqual(abs(panel.y - icon.bottom), 8)
+            self.assertTrue(panel.x <= icon.center[0] <= panel.right)
+            self.desktop.click(icon.center, button=button)
+            self.desktop.wait_for_no_panel(client)
+
+    def test_its_x_tray_gets_the_icon_and_each_click_counts(self):
+        self.desktop.start_tray()
+        with StatusNotifierHost(self.address) as host:
+            client = self.start_client()
+            self.check_clicks(client)
+            self.assertEqual(host.items, [])
+
+    def test_it_is_legible_on_dark_and_on_light(self):
+        for tint in ("0x202020", "0xf4f4f4"):
+            with self.subTest(tint=tint), StatusNotifierHost(self.address):
+                self.desktop.start_tray(tint=tint)
+                client = self.start_client()
+                darkest, lightest = self.desktop.brightness(self.desktop.wait_for_icon(client))
+                self.assertGreater(lightest - darkest, 0.6)
+                client.stop()
+                self.desktop.stop_tray()
+
+    def test_its_x_tray_that_restarts_gets_the_icon_again(self):
+        self.desktop.start_tray()
+        with StatusNotifierHost(self.address):
+            client = self.start_client()
+            for _ in range(2):
+                self.desktop.wait_for_icon(client)
+                self.desktop.stop_tray()
+                wait_until(lambda: self.desktop.icon(client) is None, "the icon to go")
+                self.desktop.start_tray()
+            self.check_clicks(client)
+
+    def test_without_its_x_tray_the_host_has_the_icon_until_that_comes(self):
+        with StatusNotifierHost(self.address) as host:
+            client = self.start_client()
+            host.wait_for_item()
+            self.desktop.start_tray()
+            self.check_clicks(client)
+            wait_until(lambda: not host.is_item_there(), "the item to go")
+
+
 class NoStatusArea(unittest.TestCase):
     def check_that_a_window_opens(self, desktop, seconds=TIME_LIMIT):
         client = desktop.start_client()

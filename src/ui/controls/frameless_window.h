@@ -25,6 +25,9 @@ public:
         Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint;
     static constexpr int cornerRadius = 10; ///< Device-independent pixels.
 
+    FramelessWindow(const FramelessWindow&) = delete;
+    FramelessWindow& operator=(const FramelessWindow&) = delete;
+
     void setVisible(bool visible) override;
 
     /// The room around the visible part that the shadow takes.
@@ -40,8 +43,6 @@ public:
 protected:
     explicit FramelessWindow(QWidget* parent);
     ~FramelessWindow() override;
-    FramelessWindow(const FramelessWindow&) = delete;
-    FramelessWindow& operator=(const FramelessWindow&) = delete;
 
     void setVisibleGeometry(const QRect& geometry);
 

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/embedded_icon_linux.h"
+
+#include "desktop/x11_linux.h"
+
+#include <QGuiApplication>
+#include <QPainter>
+#include <QScreen>
+#include <QSurfaceFormat>
+
+#include <algorithm>
+#include <utility>
+
+namespace tarnwick {
+
+namespace {
+
+constexpr QSize wantedSize(22, 22); // trays make it as large as the others
+
+} // namespace
+
+EmbeddedIcon::EmbeddedIcon(X11Tray& tray, QIcon picture, Clicked clicked)
+    : picture_(std::move(picture)), clicked_(std::move(clicked)) {
+    // By this name Qt's X plug-in knows its own tray icons: it leaves it to the tray to show them.
+    setObjectName(QStringLiteral("QSystemTrayIconSysWindow"));
+    QSurfaceFormat translucent;
+    translucent.setAlphaBufferSize(8);
+    setFormat(translucent);
+    setFlags(Qt::FramelessWindowHint | Qt::BypassWindowManagerHint);
+    setTitle(QStringLiteral("Tarnwick Network"));
+    setMinimumSize(wantedSize);
+    resize(wantedSize);
+    show(); // first, since the tray reads what size is wanted
+    tray.embed(static_cast<std::uint32_t>(winId()));
+}
+
+std::optional<QRect> EmbeddedIcon::geometryInTray() const {
+    const QRect rect(mapToGlobal(QPoint(0, 0)), size());
+    const auto screens = QGuiApplication::screens();
+    const bool isShown = std::any_of(screens.begin(), screens.end(), [&rect](QScreen* screen) {
+        return screen->geometry().contains(rect.center());
+    });
+    return isShown ? std::optional(rect) : std::nullopt;
+}
+
+void EmbeddedIcon::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    const QRect whole(QPoint(0, 0), size());
+    painter.fillRect(whole, Qt::transparent);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    picture_.paint(&painter, whole);
+}
+
+void EmbeddedIcon::mousePressEvent(QMouseEvent*) {
+    clicked_({});
+}
+
+} // namespace tarnwick
