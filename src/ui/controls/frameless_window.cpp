@@ -111,7 +111,10 @@ void FramelessWindow::declareShape() {
     hasDeclaredShadow_ = !shadowMargins_.isNull();
     if (!hasDeclaredShadow_ && !hadShadow)
         return;
-    winId(); // the system's window, which has to know before it is shown
+    // The system's window has to know before it is shown. winId() would make one of each control of
+    // the parent as well.
+    if (windowHandle() == nullptr)
+        create();
     constexpr int anySize = 16'000;
     QPainterPath whole;
     whole.addRect(0, 0, anySize, anySize);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "panel_on_screen.h"
 #include "ui/controls/popover.h"
+#include "ui/panel/devices_submenu.h"
 
 #include <QAccessible>
 #include <QLabel>
@@ -104,6 +105,24 @@ TEST_F(Shadow, IsNotAroundAnOrdinaryWindow) {
     settle();
     EXPECT_TRUE(shaded.shadowMargins().isNull());
     EXPECT_EQ(shaded.width(), MenuBarView::panelWidth);
+}
+
+TEST_F(Shadow, OfAPopoverMakesNoSystemWindowsOfThePanelsControls) {
+    openShaded();
+    DaemonState state = test::connectedState();
+    state.devices.resize(1);
+    test::publish(*daemon, state);
+    settle();
+    auto* row = shaded.findChild<DevicesSubmenu*>();
+    ASSERT_NE(row, nullptr);
+    ASSERT_NE(row->findChild<QWidget*>(), nullptr);
+    ShadedPopover popover(row, new QLabel(QStringLiteral("Text")));
+    popover.present();
+    settle();
+    ASSERT_TRUE(popover.isVisible());
+    for (const QWidget* widget : shaded.findChildren<QWidget*>())
+        EXPECT_TRUE(widget->isWindow() || widget->internalWinId() == 0);
+    popover.dismiss();
 }
 
 TEST_F(Shadow, OfAPopoverMovesItsContentAside) {
