@@ -233,7 +233,8 @@ TEST_F(AuthKeyForm, LongErrorsLeaveTheButtonsInsideTheWindow) {
         EXPECT_EQ(dialog()->size(), AuthKeyView::formSize);
         EXPECT_EQ(connectButton()->mapTo(dialog(), QPoint()), buttonBefore);
         EXPECT_LE(error->geometry().bottom(), connectButton()->geometry().top());
-        EXPECT_GE(error->height(), 2 * error->fontMetrics().height());
+        // A line, and so much of the next that it shows that there is more, in any font.
+        EXPECT_GE(error->height(), error->widget()->fontMetrics().height() * 3 / 2);
         EXPECT_LE(error->widget()->width(), error->width());
         EXPECT_EQ(error->focusPolicy(), Qt::StrongFocus); // to be read to its end by keyboard
     }
