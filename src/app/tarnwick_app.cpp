@@ -3,8 +3,8 @@
 
 #include "desktop/activation_token.h"
 #include "desktop/startup_completion.h"
+#include "model/display_text.h"
 #include "platform/service_addresses.h"
-#include "ui/controls/display_text.h"
 #include "ui/style/menu_bar_icon.h"
 #include "ui/windows/update_alert.h"
 #include "update/update_dialog.h"

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/labels.h"
 
-#include "ui/controls/display_text.h"
+#include "model/display_text.h"
 #include "ui/controls/keyboard_focus.h"
+#include "ui/controls/plain_tooltip.h"
 #include "ui/style/row_painting.h"
 
 #include <QClipboard>

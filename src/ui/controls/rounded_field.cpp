@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/rounded_field.h"
 
-#include "ui/controls/display_text.h"
+#include "model/display_text.h"
 #include "ui/style/colors.h"
 #include "ui/style/row_painting.h"
 #include "ui/style/text_style.h"

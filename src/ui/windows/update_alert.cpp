@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/windows/update_alert.h"
 
-#include "ui/controls/display_text.h"
+#include "model/display_text.h"
 #include "ui/controls/form_button.h"
 #include "ui/controls/scrolling_text.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "panel_on_screen.h"
-#include "ui/controls/display_text.h"
+#include "ui/controls/plain_tooltip.h"
 #include "ui/panel/panel_sections.h"
 
 #include <QLabel>
@@ -65,27 +65,7 @@ INSTANTIATE_TEST_SUITE_P(
                     u"\U0001F469\u200D\U0001F4BB\U0001F680"_s, u"a\u0000b\u0007c\u001b[31m"_s,
                     u"&File && more"_s, QString(3, QChar(0xd800))));
 
-TEST(DisplayText, LineBreaksAndControlCharactersBecomeBlanks) {
-    EXPECT_EQ(singleLineText(u"a\nb\tc\u0007d\u2028e"_s), "a b c d e"_L1);
-    EXPECT_EQ(multiLineText(u"a\r\nb\tc"_s), "a\nb c"_L1);
-}
-
-TEST(DisplayText, MarksThatReorderTheirSurroundingsGo) {
-    EXPECT_EQ(singleLineText(u"\u202eabc\u202c\u200f\u2066d"_s), "abcd"_L1);
-    EXPECT_EQ(singleLineText(u"\U0001F469\u200D\U0001F4BB"_s), u"\U0001F469\u200D\U0001F4BB"_s)
-        << "but emoji stay joined";
-}
-
-TEST(DisplayText, IsNeverCutInsideOfACharacter) {
-    QString emoji;
-    for (int i = 0; i < 400; ++i)
-        emoji += u"\U0001F680"_s;
-    const QString shown = singleLineText(u'a' + emoji);
-    EXPECT_TRUE(shown.isValidUtf16());
-    EXPECT_TRUE(shown.endsWith(u'…'));
-}
-
-TEST(DisplayText, TooltipsShowMarkupAsItStands) {
+TEST(PlainTooltip, ShowsMarkupAsItStands) {
     EXPECT_EQ(plainTooltip(u"<b>a</b> & b"_s), "<span>&lt;b&gt;a&lt;/b&gt; &amp; b</span>"_L1);
     EXPECT_TRUE(plainTooltip(QString(100, u'x')).contains(QChar(0x200b))) << "can be wrapped";
 }

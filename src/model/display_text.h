@@ -5,6 +5,9 @@
 
 namespace tarnwick {
 
+/// At most `longest` code units, never half a surrogate pair, and an ellipsis for what is cut.
+QString cutText(const QString& text, qsizetype longest);
+
 /// Whether the character ends a line, in any convention.
 bool isLineBreak(QChar c);
 
@@ -14,8 +17,5 @@ QString singleLineText(const QString& text);
 
 /// An external message: as singleLineText(), but with line breaks, and longer.
 QString multiLineText(const QString& text);
-
-/// Rich text that shows `text` verbatim and wrapped, for tooltips, which would guess its format.
-QString plainTooltip(const QString& text);
 
 } // namespace tarnwick

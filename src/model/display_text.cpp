@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/controls/display_text.h"
+#include "model/display_text.h"
 
 namespace tarnwick {
 
@@ -9,10 +9,8 @@ namespace {
 
 constexpr qsizetype longestLine = 512;
 constexpr qsizetype longestMessage = 20'000;
-constexpr qsizetype longestTooltip = 2'000;
-constexpr qsizetype longestTooltipWord = 40;
 
-/// Marks without width, or that change the direction of surrounding text.
+// Marks without width, or that change the direction of surrounding text.
 bool isInvisibleMark(QChar c) {
     const char16_t code = c.unicode();
     return code == 0x061c || code == 0x200b || code == 0x200e || code == 0x200f ||
@@ -20,15 +18,14 @@ bool isInvisibleMark(QChar c) {
            code == 0xfeff;
 }
 
-/// At most `longest` code units, never half a surrogate pair.
-QString cut(const QString& text, qsizetype longest) {
+} // namespace
+
+QString cutText(const QString& text, qsizetype longest) {
     if (text.size() <= longest)
         return text;
     const qsizetype end = text[longest - 1].isHighSurrogate() ? longest - 1 : longest;
     return text.first(end) + u'…';
 }
-
-} // namespace
 
 bool isLineBreak(QChar c) {
     return c == u'\n' || c == u'\r' || c == u'\v' || c == u'\f' || c == QChar(0x85) ||
@@ -37,7 +34,7 @@ bool isLineBreak(QChar c) {
 
 QString singleLineText(const QString& text) {
     QString line;
-    for (const QChar c : cut(text, longestLine)) {
+    for (const QChar c : cutText(text, longestLine)) {
         if (isInvisibleMark(c))
             continue;
         const bool isBlank = isLineBreak(c) || c.category() == QChar::Other_Control;
@@ -48,7 +45,7 @@ QString singleLineText(const QString& text) {
 
 QString multiLineText(const QString& text) {
     QString lines;
-    QString normalized = cut(text, longestMessage);
+    QString normalized = cutText(text, longestMessage);
     normalized.replace("\r\n"_L1, "\n"_L1);
     for (const QChar c : std::as_const(normalized)) {
         if (isInvisibleMark(c))
@@ -59,20 +56,6 @@ QString multiLineText(const QString& text) {
             lines += c.category() == QChar::Other_Control ? QChar(u' ') : c;
     }
     return lines;
-}
-
-QString plainTooltip(const QString& text) {
-    QString escaped;
-    qsizetype sinceBlank = 0;
-    for (const QChar c : multiLineText(cut(text, longestTooltip))) {
-        sinceBlank = c.isSpace() ? 0 : sinceBlank + 1;
-        if (sinceBlank > longestTooltipWord && !c.isLowSurrogate()) {
-            escaped += QChar(0x200b); // lets a long word break
-            sinceBlank = 1;
-        }
-        escaped += c == u'\n' ? u"<br/>"_s : QString(c).toHtmlEscaped();
-    }
-    return u"<span>%1</span>"_s.arg(escaped);
 }
 
 } // namespace tarnwick
