@@ -2,6 +2,7 @@
 #include "daemon/failure_text.h"
 
 #include "daemon/command_runner.h"
+#include "model/display_text.h"
 
 namespace tarnwick {
 
@@ -11,21 +12,18 @@ namespace {
 
 constexpr qsizetype longestText = 300;
 
+QString oneLine(const QString& text) {
+    return harmlessLine(text).simplified();
+}
+
 } // namespace
 
 QString failureText(const QString& output, const QString& secret) {
-    QString text = output;
-    if (!secret.trimmed().isEmpty())
-        text.replace(secret.trimmed(), u"•••"_s);
-    for (QChar& character : text) {
-        if (character.category() == QChar::Other_Control)
-            character = u' ';
-    }
-    text = text.simplified();
-    if (text.size() <= longestText)
-        return text;
-    const bool splitsPair = text.at(longestText - 2).isHighSurrogate();
-    return text.left(longestText - (splitsPair ? 2 : 1)) + u'…';
+    QString text = oneLine(output);
+    // Compared without marks: a secret with some in between reads the same.
+    if (const QString hidden = oneLine(secret); !hidden.isEmpty())
+        text.replace(hidden, u"•••"_s);
+    return cutText(text, longestText);
 }
 
 std::optional<QString> failureIn(const QByteArray& output, const QString& secret) {

@@ -32,15 +32,19 @@ bool isLineBreak(QChar c) {
            c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
 }
 
-QString singleLineText(const QString& text) {
+QString harmlessLine(const QString& text) {
     QString line;
-    for (const QChar c : cutText(text, longestLine)) {
+    for (const QChar c : text) {
         if (isInvisibleMark(c))
             continue;
         const bool isBlank = isLineBreak(c) || c.category() == QChar::Other_Control;
         line += isBlank ? QChar(u' ') : c;
     }
     return line;
+}
+
+QString singleLineText(const QString& text) {
+    return harmlessLine(cutText(text, longestLine));
 }
 
 QString multiLineText(const QString& text) {

@@ -11,8 +11,11 @@ QString cutText(const QString& text, qsizetype longest);
 /// Whether the character ends a line, in any convention.
 bool isLineBreak(QChar c);
 
-/// An external name as one harmless line: line breaks and control characters become blanks,
-/// direction marks are dropped, and what is too long for any row is cut.
+/// An external text as one harmless line: line breaks and control characters become blanks,
+/// direction marks are dropped.
+QString harmlessLine(const QString& text);
+
+/// An external name as such a line, of which what is too long for any row is cut.
 QString singleLineText(const QString& text);
 
 /// An external message: as singleLineText(), but with line breaks, and longer.

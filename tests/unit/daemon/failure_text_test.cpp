@@ -13,12 +13,27 @@ TEST(FailureText, IsOneLineWithoutControlCharacters) {
     EXPECT_EQ(failureText({}), QString());
 }
 
+TEST(FailureText, HasNoMarksThatReorderOrHideWhatStandsBesideThem) {
+    EXPECT_EQ(failureText(u"error: \u202eevil\u202c \u2066a\u2069\u200b\u200f\ufeffb\u2028c"_s),
+              u"error: evil ab c"_s);
+    EXPECT_EQ(failureText(u"error: \U0001F469\u200D\U0001F4BB"_s),
+              u"error: \U0001F469\u200D\U0001F4BB"_s)
+        << "but emoji stay joined";
+    EXPECT_EQ(failureText(QString(1000, QChar(0x202e)) + u"error: late"_s), u"error: late"_s)
+        << "and what is left out takes no room";
+}
+
+TEST(FailureText, HidesASecretThatTheToolHasSprinkledWithMarks) {
+    EXPECT_EQ(failureText(u"error: tw\u200bkey\u202e-1\u202c"_s, u"twkey-1"_s), u"error: •••"_s);
+    EXPECT_EQ(failureText(u"error: twkey\u200b-1"_s, u"twkey\u200b-1"_s), u"error: •••"_s);
+}
+
 TEST(FailureText, IsCutAtASensibleLength) {
     EXPECT_EQ(failureText(QString(300, u'x')), QString(300, u'x'));
-    EXPECT_EQ(failureText(QString(10'000, u'x')), QString(299, u'x') + u'…');
+    EXPECT_EQ(failureText(QString(10'000, u'x')), QString(300, u'x') + u'…');
     const QString smiles = QString::fromUcs4(U"\U0001F600").repeated(200);
     EXPECT_EQ(failureText(u"x"_s + smiles), u"x"_s + smiles.left(298) + u'…');
-    EXPECT_EQ(failureText(smiles), smiles.left(298) + u'…');
+    EXPECT_EQ(failureText(smiles), smiles.left(300) + u'…');
 }
 
 TEST(FailureText, DoesNotRepeatTheSecret) {
