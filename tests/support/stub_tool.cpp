@@ -65,10 +65,10 @@ QStringList StubTool::environment() const {
         .split(u'\n', Qt::SkipEmptyParts);
 }
 
-std::chrono::nanoseconds timeOf(const StubTool& tool, const char* subcommand) {
+std::chrono::nanoseconds timeOf(const StubTool& tool, const char* subcommand, int call) {
     const QString file =
         tool.directory() + QStringLiteral("/times-") + QLatin1StringView(subcommand);
-    return std::chrono::nanoseconds(contentOf(file).split('\n').first().toLongLong());
+    return std::chrono::nanoseconds(contentOf(file).split('\n').value(call).toLongLong());
 }
 
 } // namespace tarnwick::test

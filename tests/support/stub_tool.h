@@ -41,7 +41,7 @@ private:
     QTemporaryDir directory_;
 };
 
-/// When a tool whose script is recordTimes first ran with that subcommand.
-std::chrono::nanoseconds timeOf(const StubTool& tool, const char* subcommand);
+/// When a tool whose script is recordTimes ran with that subcommand, the first time by default.
+std::chrono::nanoseconds timeOf(const StubTool& tool, const char* subcommand, int call = 0);
 
 } // namespace tarnwick::test
