@@ -3,9 +3,8 @@
 #include "app/install_command.h"
 #include "app/tarnwick_app.h"
 #include "desktop/activation_token.h"
-#include "desktop/instance_lock.h"
 #include "desktop/session_environment.h"
-#include "desktop/single_instance_channel.h"
+#include "desktop/single_instance.h"
 #include "desktop/unresponsive_bus.h"
 #include "platform/version.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/panel_presenter.h"
 
-#include "desktop/pointer.h"
+#include "desktop/window_system.h"
 
 #include <QCursor>
 #include <QGuiApplication>

@@ -2,7 +2,7 @@
 #include "app/tarnwick_app.h"
 
 #include "desktop/activation_token.h"
-#include "desktop/startup_completion.h"
+#include "desktop/window_system.h"
 #include "model/display_text.h"
 #include "platform/service_addresses.h"
 #include "ui/style/menu_bar_icon.h"

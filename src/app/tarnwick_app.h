@@ -5,7 +5,7 @@
 #include "daemon/daemon_manager.h"
 #include "desktop/appearance_monitor.h"
 #include "desktop/failure_notification.h"
-#include "desktop/single_instance_channel.h"
+#include "desktop/single_instance.h"
 #include "desktop/status_area.h"
 #include "desktop/termination_signals.h"
 #include "desktop/wake_up.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/activation_token.h"
 
-#include "desktop/startup_completion.h"
+#include "desktop/window_system.h"
 
 #include <QGuiApplication>
 

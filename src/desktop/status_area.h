@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "desktop/icon_click.h"
-
+#include <QByteArray>
 #include <QIcon>
 #include <QObject>
+#include <QPoint>
 #include <QRect>
 #include <QString>
 
@@ -12,6 +12,14 @@
 #include <optional>
 
 namespace tarnwick {
+
+/// A click on the program's icon, as far as the status area reports it.
+struct IconClick {
+    /// As it was sent: in device pixels by most, in device-independent ones by some, and possibly
+    /// anything at all.
+    std::optional<QPoint> point;
+    QByteArray activationToken; ///< Lets the panel take the focus; "" for none.
+};
 
 /// The program's icon in the desktop's status area, whenever there is one: it may come late,
 /// restart or be replaced by one of another kind.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "desktop/icon_click.h"
+#include "desktop/status_area.h"
 
 #include <QByteArray>
 #include <QDBusArgument>

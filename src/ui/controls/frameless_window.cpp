@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/frameless_window.h"
 
-#include "desktop/compositing.h"
+#include "desktop/window_system.h"
 #include "ui/controls/font_change_forwarder.h"
 #include "ui/controls/keyboard_focus.h"
 #include "ui/style/colors.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/instance_lock.h"
+#include "desktop/single_instance.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/single_instance_channel.h"
+#include "desktop/single_instance.h"
 #include "support/waiting.h"
 
 #include <QFile>

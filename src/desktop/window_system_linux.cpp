@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/compositing.h"
+#include "desktop/window_system.h"
+
 #include "desktop/x11_linux.h"
 
 #include <QAbstractNativeEventFilter>
+#include <QCursor>
 #include <QGuiApplication>
 #include <QRegion>
 #include <QTransform>
@@ -13,6 +15,8 @@
 #include <vector>
 
 namespace tarnwick {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -101,6 +105,19 @@ std::unique_ptr<QObject> watchCompositor(std::function<void()> changed) {
     if (!X11Display().exists())
         return nullptr;
     return std::make_unique<X11CompositorWatch>(std::move(changed));
+}
+
+std::optional<QPoint> pointerPosition() {
+    if (QGuiApplication::platformName().startsWith("wayland"_L1) || X11Display().isXwayland())
+        return std::nullopt;
+    return QCursor::pos();
+}
+
+void completeStartup(const QByteArray& token) {
+    QByteArray quoted = token;
+    quoted.replace('\\', "\\\\").replace('"', "\\\"");
+    if (!token.isEmpty())
+        X11Display().broadcast("_NET_STARTUP_INFO", "remove: ID=\"" + quoted + '"');
 }
 
 } // namespace tarnwick

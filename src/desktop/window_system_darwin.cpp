@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/compositing.h"
+#include "desktop/window_system.h"
+
+#include <QCursor>
 
 namespace tarnwick {
 
@@ -16,5 +18,11 @@ void declareShadow(QWindow&, const QMargins&, const QPainterPath&) {}
 std::unique_ptr<QObject> watchCompositor(std::function<void()>) {
     return nullptr;
 }
+
+std::optional<QPoint> pointerPosition() {
+    return QCursor::pos();
+}
+
+void completeStartup(const QByteArray&) {}
 
 } // namespace tarnwick

@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/single_instance_channel.h"
+#include "desktop/single_instance.h"
 
 #include <QDeadlineTimer>
 #include <QFile>
 #include <QThread>
 #include <QTimer>
 
+#include <cerrno>
+#include <fcntl.h>
 #include <poll.h>
+#include <sys/file.h>
+#include <unistd.h>
 #include <utility>
 
 namespace tarnwick {
@@ -35,6 +39,23 @@ QByteArray answerOn(const LocalSocket& socket, const QDeadlineTimer& deadline) {
 }
 
 } // namespace
+
+InstanceLock::InstanceLock(const QString& path)
+    : descriptor_(open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600)) {
+    if (descriptor_ < 0)
+        return;
+    if (flock(descriptor_, LOCK_EX | LOCK_NB) == 0)
+        state_ = State::Held;
+    else if (errno == EWOULDBLOCK)
+        state_ = State::HeldByOther;
+}
+
+// The file stays: were it removed, a third process could lock a new one beside a second that has
+// just opened the old one.
+InstanceLock::~InstanceLock() {
+    if (descriptor_ >= 0)
+        close(descriptor_);
+}
 
 /// The connection of a second launch. Deletes itself after its request, or after a time without.
 class SingleInstanceChannel::Caller : public QObject {
