@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "daemon/daemon_paths.h"
+#include "daemon/tool_paths.h"
 #include "daemon/timing.h"
 #include "platform/cancellation_token.h"
 #include "platform/child_process.h"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "daemon/tool_paths.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 namespace tarnwick {
@@ -30,6 +31,16 @@ ToolPaths ToolPaths::resolve(const Platform& platform, const QString& machine,
 
 bool ToolPaths::exist() const {
     return QFileInfo::exists(daemonPath) && QFileInfo::exists(cliPath);
+}
+
+QString DaemonPaths::stateDir() const {
+    const QString path = homeDir + u"/.tarnwick"_s;
+    QDir().mkpath(path);
+    return path;
+}
+
+QString DaemonPaths::socketPath() const {
+    return QFileInfo::exists(systemSocket) ? systemSocket : stateDir() + u"/tarnwick.sock"_s;
 }
 
 } // namespace tarnwick
