@@ -9,7 +9,7 @@
 #include "desktop/status_area.h"
 #include "desktop/termination_signals.h"
 #include "desktop/wake_up.h"
-#include "ui/controls/held_key_filter.h"
+#include "ui/controls/keyboard.h"
 #include "ui/style/appearance_style.h"
 #include "ui/windows/auth_key_window.h"
 #include "update/update_service.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/form_button.h"
 
-#include "ui/controls/keyboard_focus.h"
+#include "ui/controls/keyboard.h"
 #include "ui/style/colors.h"
 #include "ui/style/row_painting.h"
 

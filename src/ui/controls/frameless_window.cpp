@@ -3,7 +3,7 @@
 
 #include "desktop/window_system.h"
 #include "ui/controls/font_change_forwarder.h"
-#include "ui/controls/keyboard_focus.h"
+#include "ui/controls/keyboard.h"
 #include "ui/style/colors.h"
 
 #include <QAccessibleWidget>

@@ -2,7 +2,7 @@
 #include "ui/controls/labels.h"
 
 #include "model/display_text.h"
-#include "ui/controls/keyboard_focus.h"
+#include "ui/controls/keyboard.h"
 #include "ui/controls/plain_tooltip.h"
 #include "ui/style/row_painting.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/popover_row.h"
 
-#include "ui/controls/keyboard_focus.h"
+#include "ui/controls/keyboard.h"
 
 #include <utility>
 

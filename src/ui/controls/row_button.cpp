@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/row_button.h"
 
-#include "ui/controls/keyboard_focus.h"
+#include "ui/controls/keyboard.h"
 #include "ui/controls/plain_tooltip.h"
 #include "ui/style/row_painting.h"
 

@@ -2,7 +2,7 @@
 #include "ui/windows/floating_dialog.h"
 
 #include "ui/controls/font_change_forwarder.h"
-#include "ui/controls/keyboard_focus.h"
+#include "ui/controls/keyboard.h"
 
 #include <QCursor>
 #include <QGuiApplication>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/form_button.h"
-#include "ui/controls/held_key_filter.h"
+#include "ui/controls/keyboard.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>

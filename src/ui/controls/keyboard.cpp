@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "ui/controls/keyboard_focus.h"
+#include "ui/controls/keyboard.h"
 
+#include <QAbstractButton>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QScrollArea>
 #include <QWidget>
@@ -32,6 +34,14 @@ QList<QWidget*> controls(const QWidget* window) {
     for (const auto& [place, widget] : std::as_const(found))
         widgets.append(widget);
     return widgets;
+}
+
+bool pressesSomething(const QObject* target, const QKeyEvent& event) {
+    if (target->isWindowType()) // which passes it on
+        target = QApplication::focusWidget();
+    if (event.key() == Qt::Key_Space)
+        return qobject_cast<const QAbstractButton*>(target) != nullptr;
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
 } // namespace
@@ -85,6 +95,23 @@ void scrollIntoView(QWidget* widget) {
             return;
         }
     }
+}
+
+HeldKeyFilter::HeldKeyFilter() {
+    qApp->installEventFilter(this);
+}
+
+bool HeldKeyFilter::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease)
+        return false;
+    const auto& keyEvent = static_cast<const QKeyEvent&>(*event);
+    if (event->type() == QEvent::KeyRelease) {
+        lastRelease_ = keyEvent.timestamp();
+        return false;
+    }
+    const bool isSynthetic = keyEvent.timestamp() == 0;
+    return !isSynthetic && keyEvent.timestamp() == lastRelease_ &&
+           pressesSomething(watched, keyEvent);
 }
 
 } // namespace tarnwick
