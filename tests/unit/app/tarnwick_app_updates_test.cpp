@@ -3,7 +3,7 @@
 #include "http_server.h"
 #include "support/controller_world.h"
 #include "support/waiting.h"
-#include "ui/panel/menu_button.h"
+#include "ui/panel/actions_view.h"
 #include "ui/windows/update_alert.h"
 
 #include <QApplication>

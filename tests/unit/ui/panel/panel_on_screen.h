@@ -7,7 +7,7 @@
 #include "support/waiting.h"
 #include "ui/panel/devices_submenu.h"
 #include "ui/panel/menu_bar_view.h"
-#include "ui/panel/menu_button.h"
+#include "ui/panel/actions_view.h"
 #include "ui/panel/profile_picker_row.h"
 #include "ui/panel/profile_row.h"
 
