@@ -9,7 +9,6 @@
 #include "ui/panel/menu_bar_view.h"
 #include "ui/panel/actions_view.h"
 #include "ui/panel/profile_picker_row.h"
-#include "ui/panel/profile_row.h"
 
 #include <QApplication>
 #include <QTest>
