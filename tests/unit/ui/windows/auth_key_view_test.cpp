@@ -4,7 +4,7 @@
 #include "support/printing.h"
 #include "support/publishing.h"
 #include "ui/controls/scrolling_text.h"
-#include "ui/windows/auth_key_view.h"
+#include "ui/windows/auth_key_window.h"
 
 #include <QClipboard>
 #include <QDropEvent>

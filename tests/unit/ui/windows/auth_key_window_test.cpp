@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "auth_key_form.h"
 #include "support/printing.h"
-#include "ui/windows/auth_key_view.h"
+#include "ui/windows/auth_key_window.h"
 
 #include <QApplication>
 #include <QPointer>
