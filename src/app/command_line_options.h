@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "daemon/daemon_manager.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -20,5 +22,9 @@ struct CommandLineOptions {
 
     static QString helpText();
 };
+
+/// Installs and starts the daemon, prints the outcome and returns the exit status, 0 or 1. Blocks
+/// in its own event loop; needs a QCoreApplication and no display.
+int runInstallCommand(DaemonManagerOptions options = {});
 
 } // namespace tarnwick

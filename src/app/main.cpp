@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "app/command_line_options.h"
-#include "app/install_command.h"
 #include "app/tarnwick_app.h"
 #include "desktop/activation_token.h"
 #include "desktop/session_environment.h"

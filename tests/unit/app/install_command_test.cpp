@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/install_command.h"
+#include "app/command_line_options.h"
 #include "support/controller_world.h"
 
 #include <QTimer>
