@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "daemon/tool_paths.h"
 #include "daemon/timing.h"
+#include "daemon/tool_paths.h"
 #include "platform/cancellation_token.h"
 #include "platform/environment.h"
 #include "platform/platform.h"

@@ -4,9 +4,9 @@
 #include "daemon/command_runner.h"
 #include "daemon/connection_commands.h"
 #include "daemon/daemon_installer.h"
-#include "daemon/remembered_details.h"
 #include "daemon/published_state.h"
 #include "daemon/refresh_bookkeeping.h"
+#include "daemon/remembered_details.h"
 #include "daemon/status_reading.h"
 #include "platform/queues.h"
 

@@ -36,7 +36,16 @@ Q_SIGNALS:
     void changed();
 
 private:
-    void announce();
+    void announce() {
+        Q_EMIT objectWillChange();
+        if (std::exchange(isChangePending_, true))
+            return;
+        const auto report = [this] {
+            isChangePending_ = false;
+            Q_EMIT changed();
+        };
+        QMetaObject::invokeMethod(this, report, Qt::QueuedConnection);
+    }
 
     DaemonState value_;
     bool isChangePending_ = false;

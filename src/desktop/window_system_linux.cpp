@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/window_system.h"
-
 #include "desktop/x11_linux.h"
 
 #include <QAbstractNativeEventFilter>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "update/update_check_result.h"
+#include "update/update_service.h"
 
 #include <QList>
 #include <QString>

@@ -8,6 +8,7 @@
 
 #include <QPointer>
 #include <QThread>
+#include <QTimer>
 
 #include <utility>
 
@@ -16,6 +17,25 @@ namespace tarnwick {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// One fetch of the manifest on a thread of its own, within its time limit. Main thread.
+///
+/// Qt looks a proxy up on the thread that fetches, and that may run scripts or search the network
+/// for as long as it takes. Deletes itself when its thread is free again; destroyed before, it
+/// leaves a thread that is stuck behind.
+class BackgroundFetch : public QObject {
+public:
+    /// Calls `completion` once, in a later turn of the event loop; it may destroy this.
+    BackgroundFetch(const UpdateServiceOptions& options, ManifestFetcher::Completion completion,
+                    QObject* parent);
+
+private:
+    void finish(const FetchResult& result);
+
+    ManifestFetcher::Completion completion_; ///< Null once it has been called.
+    QTimer deadline_;                        ///< Started with the fetch and never restarted.
+    SerialQueue queue_;
+};
 
 // Runs on the fetch's own thread, with whose end the fetcher goes.
 void fetchHere(const UpdateServiceOptions& options, const ManifestFetcher::Completion& report) {
@@ -33,8 +53,6 @@ QUrl pageOf(const QString& host, const QString& path) {
         qFatal("an address of the service is no URL");
     return url;
 }
-
-} // namespace
 
 BackgroundFetch::BackgroundFetch(const UpdateServiceOptions& options,
                                  ManifestFetcher::Completion completion, QObject* parent)
@@ -63,6 +81,8 @@ void BackgroundFetch::finish(const FetchResult& result) {
     const auto completion = std::exchange(completion_, nullptr);
     completion(result);
 }
+
+} // namespace
 
 UpdateService::UpdateService(UpdateServiceOptions options) : options_(std::move(options)) {}
 

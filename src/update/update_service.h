@@ -2,36 +2,41 @@
 #pragma once
 
 #include "platform/platform.h"
-#include "platform/queues.h"
 #include "update/manifest_fetcher.h"
-#include "update/update_check_result.h"
 
 #include <QObject>
-#include <QTimer>
+#include <QString>
 #include <QUrl>
 
 #include <functional>
+#include <variant>
 
 namespace tarnwick {
 
-/// One fetch of the manifest on a thread of its own, within its time limit. Main thread.
-///
-/// Qt looks a proxy up on the thread that fetches, and that may run scripts or search the network
-/// for as long as it takes. Deletes itself when its thread is free again; destroyed before, it
-/// leaves a thread that is stuck behind.
-class BackgroundFetch : public QObject {
-public:
-    /// Calls `completion` once, in a later turn of the event loop; it may destroy this.
-    BackgroundFetch(const UpdateServiceOptions& options, ManifestFetcher::Completion completion,
-                    QObject* parent);
+/// The running version is not older than the published one.
+struct UpToDate {
+    QString installed;
 
-private:
-    void finish(const FetchResult& result);
-
-    ManifestFetcher::Completion completion_; ///< Null once it has been called.
-    QTimer deadline_;                        ///< Started with the fetch and never restarted.
-    SerialQueue queue_;
+    bool operator==(const UpToDate&) const = default;
 };
+
+/// A newer version is published.
+struct Outdated {
+    QString installed;
+    QString available;
+
+    bool operator==(const Outdated&) const = default;
+};
+
+/// The check failed.
+struct CheckError {
+    QString reason; ///< For the user to read.
+
+    bool operator==(const CheckError&) const = default;
+};
+
+/// The outcome of one update check.
+using UpdateCheckResult = std::variant<UpToDate, Outdated, CheckError>;
 
 /// Finds out whether a newer version of the client has been published. Main thread.
 class UpdateService {

@@ -5,9 +5,9 @@
 #include "support/controller_world.h"
 #include "support/publishing.h"
 #include "support/waiting.h"
+#include "ui/panel/actions_view.h"
 #include "ui/panel/devices_submenu.h"
 #include "ui/panel/menu_bar_view.h"
-#include "ui/panel/actions_view.h"
 #include "ui/panel/profile_picker_row.h"
 
 #include <QApplication>
