@@ -5,6 +5,7 @@ import os
 import pathlib
 import shutil
 import signal
+import socket
 import tempfile
 import time
 
@@ -35,6 +36,12 @@ def bin_dir():
     """Where the programs of the build are that is to be tried."""
     built = pathlib.Path(__file__).resolve().parents[1] / "build/debug/bin"
     return pathlib.Path(os.environ.get("TARNWICK_BIN_DIR", built)).resolve()
+
+
+def accepts_connections(path):
+    """Whether somebody listens there: a socket's file is there before."""
+    with socket.socket(socket.AF_UNIX) as connection:
+        return connection.connect_ex(str(path)) == 0
 
 
 class Desktop(Screen):
@@ -107,15 +114,16 @@ class Desktop(Screen):
 
     def start_bus(self, name):
         """Starts a private message bus and returns its address."""
-        socket = self.runtime / f"{name}-bus"
+        path = self.runtime / f"{name}-bus"
         configuration = self.directory / f"{name}-bus.conf"
         services = SERVICES if self._is_accessible and name == "session" else ""
-        configuration.write_text(BUS_CONFIGURATION.format(socket=socket, services=services),
+        configuration.write_text(BUS_CONFIGURATION.format(socket=path, services=services),
                                  encoding="utf-8")
         self._buses[name] = self.start("dbus-daemon", f"--config-file={configuration}", "--nofork",
                                        "--nopidfile")
-        wait_until(socket.exists, f"the {name} bus", describe=self._buses[name].output)
-        return f"unix:path={socket}"
+        wait_until(lambda: accepts_connections(path), f"the {name} bus",
+                   describe=self._buses[name].output)
+        return f"unix:path={path}"
 
     def stop_bus(self, name):
         """As if it had crashed, but without its socket staying behind."""
