@@ -30,8 +30,7 @@ NEEDED = {
 # The network's own programs are there when the package was told to bring them along.
 BUNDLED = re.compile(r"/usr/(bin/tarnwick(-daemon)?-linux-(amd64|arm64)|share/man/man1/tarnwick"
                      r"(-daemon)?-linux-(amd64|arm64)\.1\.gz)")
-LIBRARIES = {"libqt6core6", "libqt6dbus6", "libqt6gui6", "libqt6network6", "libqt6svg6",
-             "libqt6widgets6"}
+LIBRARIES = {"libqt6core6", "libqt6dbus6", "libqt6gui6", "libqt6network6", "libqt6widgets6"}
 
 
 def digest(path):

@@ -18,8 +18,8 @@ logs in with an auth key.
 .
 It starts when you log in, and stays out of the way.")
 
-# The libraries that the client links; dpkg knows their packages. Qt's plug-ins for X, SVG pictures
-# and TLS come with these packages on Debian.
+# The libraries that the client links; dpkg knows their packages. Qt's plug-ins for X and TLS come
+# with these packages on Debian.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Beyond those: the theme that icons are installed into.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "hicolor-icon-theme")

@@ -1,15 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/style/symbol.h"
 
-#include <QFile>
+#include "ui/style/symbol_drawings.h"
+
 #include <QPainter>
 #include <QPixmapCache>
-#include <QSvgRenderer>
-
-// The linker drops resources of a static library unless they are initialised by name.
-static void loadSymbols() {
-    Q_INIT_RESOURCE(symbols);
-}
 
 namespace tarnwick {
 
@@ -18,15 +13,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QPixmap renderedSymbol(const QString& name, int size, const QColor& color, qreal ratio) {
-    loadSymbols();
-    const QString file = u":/symbols/%1.svg"_s.arg(name);
-    if (!QFile::exists(file))
-        return {};
-    QSvgRenderer renderer(file);
     QPixmap pixmap(QSize(size, size) * ratio);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
-    renderer.render(&painter, pixmap.rect());
+    painter.save();
+    painter.scale(pixmap.width() / symbolDrawingSize, pixmap.height() / symbolDrawingSize);
+    if (!drawSymbol(painter, name))
+        return {};
+    painter.restore();
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
     painter.fillRect(pixmap.rect(), color);
     painter.end();
