@@ -14,10 +14,10 @@ else()
   set(TARNWICK_VARIANT_SUFFIX ${TARNWICK_SYSTEM}-amd64)
 endif()
 
-# A client that lies in memory all day: no loop of it is worth unrolling, and what nothing refers to
-# is left out.
+# A client that lies in memory all day: no loop of it is worth a third more code, and what nothing
+# refers to is left out.
 if(TARNWICK_SYSTEM STREQUAL "linux")
-  string(REPLACE "-O3" "-O2" CMAKE_CXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_RELEASE}")
+  string(REPLACE "-O3" "-Os" CMAKE_CXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_RELEASE}")
   string(APPEND CMAKE_CXX_FLAGS_RELEASE " -ffunction-sections -fdata-sections")
   string(APPEND CMAKE_EXE_LINKER_FLAGS_RELEASE " -Wl,--gc-sections")
 endif()
