@@ -7,6 +7,7 @@
 #include "ui/style/colors.h"
 
 #include <QAccessibleWidget>
+#include <QBackingStore>
 #include <QKeyEvent>
 #include <QPaintEvent>
 #include <QPainter>
@@ -166,6 +167,10 @@ void FramelessWindow::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
     shadow_.release();
     compositorWatch_.reset();
+    // The picture of a hidden window: shared with the display server, megabytes on fine screens.
+    // Qt resizes and paints it anew before the next first frame.
+    if (QBackingStore* picture = backingStore())
+        picture->resize({1, 1});
 }
 
 } // namespace tarnwick

@@ -134,8 +134,7 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
 
 SelectableLabel::SelectableLabel(const TextLook& look, QWidget* parent)
     : StyledLabel(look, ThemeColor::Label, parent) {
-    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    setFocusPolicy(Qt::StrongFocus); // a QLabel would only accept clicks
+    setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
     setCursor(Qt::IBeamCursor);
@@ -163,8 +162,12 @@ void SelectableLabel::elide() {
     const QString shown = textAdvance(font(), line_) <= width()
                               ? line_
                               : QFontMetrics(font()).elidedText(line_, Qt::ElideMiddle, width());
-    if (shown != text()) // setText() would drop the selection
-        setText(shown);
+    if (shown == text()) // setText() would drop the selection
+        return;
+    // QLabel makes its document also for a text that accepts the focus.
+    setFocusPolicy(isSelectable() ? Qt::StrongFocus : Qt::NoFocus);
+    setText(shown);
+    setFocusPolicy(Qt::StrongFocus);
 }
 
 void SelectableLabel::resizeEvent(QResizeEvent* event) {
@@ -187,7 +190,31 @@ void SelectableLabel::copySelection() const {
     QGuiApplication::clipboard()->setText(isAll ? content() : selectedText());
 }
 
+bool SelectableLabel::event(QEvent* event) {
+    // On this, too, QLabel makes its document.
+    if (event->type() == QEvent::Polish && !isSelectable())
+        return QFrame::event(event);
+    return StyledLabel::event(event);
+}
+
+void SelectableLabel::mousePressEvent(QMouseEvent* event) {
+    makeSelectable();
+    StyledLabel::mousePressEvent(event);
+}
+
+bool SelectableLabel::isSelectable() const {
+    return textInteractionFlags().testFlag(Qt::TextSelectableByMouse);
+}
+
+void SelectableLabel::makeSelectable() {
+    if (isSelectable())
+        return;
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setFocusPolicy(Qt::StrongFocus); // a QLabel would only accept clicks
+}
+
 void SelectableLabel::focusInEvent(QFocusEvent* event) {
+    makeSelectable();
     StyledLabel::focusInEvent(event);
     // As in a text field, focus by keyboard selects all, which also shows the focus.
     if (isKeyboardReason(event->reason()) && !hasSelectedText())

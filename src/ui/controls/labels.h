@@ -79,14 +79,20 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
+    bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void showContent() override;
     bool isCut() const override;
 
 private:
+    bool isSelectable() const;
+    /// On first use, since QLabel then makes a whole text document: more than half a megabyte of
+    /// code and data for a line that is seldom selected.
+    void makeSelectable();
     void elide();
     void copySelection() const;
 

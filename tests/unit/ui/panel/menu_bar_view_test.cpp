@@ -4,6 +4,7 @@
 #include "ui/panel/menu_bar_view.h"
 #include "ui/panel/panel_sections.h"
 
+#include <QBackingStore>
 #include <QClipboard>
 
 namespace tarnwick {
@@ -118,11 +119,47 @@ TEST_F(MenuBarViewTest, TheHostNameCannotBeSelected) {
 TEST_F(MenuBarViewTest, ASelectionSurvivesARefresh) {
     open(full());
     auto* address = const_cast<StyledLabel*>(&find<InfoView>()->value(0));
+    address->setFocus(Qt::MouseFocusReason);
     address->setSelection(0, 3);
     DaemonState state = full();
     state.hostname = u"renamed"_s;
     show(state);
     EXPECT_EQ(address->selectedText(), "100"_L1);
+}
+
+TEST_F(MenuBarViewTest, AnAddressThatNobodySelectsHasNoTextDocument) {
+    open(full());
+    auto* address = const_cast<StyledLabel*>(&find<InfoView>()->value(0));
+    DaemonState state = full();
+    state.ipAddress = u"100.64.0.99"_s;
+    show(state);
+    EXPECT_TRUE(address->children().isEmpty())
+        << address->children().first()->metaObject()->className();
+    EXPECT_EQ(address->text(), "100.64.0.99"_L1);
+    EXPECT_EQ(address->focusPolicy(), Qt::StrongFocus);
+}
+
+TEST_F(MenuBarViewTest, TheAddressLooksTheSameOnceItHasBeenClicked) {
+    open(full());
+    auto* address = const_cast<StyledLabel*>(&find<InfoView>()->value(0));
+    const QImage before = address->grab().toImage();
+    click(address);
+    ASSERT_FALSE(address->children().isEmpty());
+    panel->setFocus(); // no text cursor
+    EXPECT_EQ(address->grab().toImage(), before);
+}
+
+TEST_F(MenuBarViewTest, AClosedPanelHoldsNoPictureAndHasItAgainWhenOpen) {
+    open(full());
+    const QImage before = panel->grab().toImage();
+    ASSERT_EQ(panel->backingStore()->size(), panel->size());
+    panel->hide();
+    EXPECT_EQ(panel->backingStore()->size(), QSize(1, 1));
+    settle();
+    open(full());
+    EXPECT_TRUE(panel->isVisible());
+    EXPECT_EQ(panel->backingStore()->size(), panel->size());
+    EXPECT_EQ(panel->grab().toImage(), before);
 }
 
 TEST_F(MenuBarViewTest, EveryButtonMakesItsCall) {
