@@ -22,6 +22,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Only windows with a frame show it, and looking for it reads the whole icon theme.
+void provideWindowIcon() {
+    if (QApplication::windowIcon().isNull())
+        QApplication::setWindowIcon(QIcon::fromTheme(u"tarnwick-client"_s, networkGlyphIcon({})));
+}
+
 void openWebsite() {
     const QUrl url(serviceAddresses().webSite, QUrl::StrictMode);
     if (url.isValid())
@@ -64,7 +70,6 @@ TarnwickApp::~TarnwickApp() {
 }
 
 std::unique_ptr<MenuBarView> TarnwickApp::makePanel() {
-    QApplication::setWindowIcon(QIcon::fromTheme(u"tarnwick-client"_s, networkGlyphIcon({})));
     return std::make_unique<MenuBarView>(daemon_,
                                          [this](const PanelCommand& command) { perform(command); });
 }
@@ -78,6 +83,7 @@ void TarnwickApp::perform(const PanelCommand& command) {
     case PanelCommand::Kind::Disconnect:
         return daemon_->disconnect();
     case PanelCommand::Kind::ShowAuthKeyWindow:
+        provideWindowIcon();
         return authKeyWindow_.show(daemon_);
     case PanelCommand::Kind::Refresh:
         return daemon_->refreshStatus();
@@ -103,6 +109,7 @@ void TarnwickApp::checkForUpdates() {
 }
 
 void TarnwickApp::showUpdateAlert(const UpdateCheckResult& result) {
+    provideWindowIcon();
     updateAlert_ =
         new UpdateAlert(UpdateDialog::forResult(result, UpdateService::downloadPageURL()),
                         &QDesktopServices::openUrl);
@@ -141,6 +148,7 @@ void TarnwickApp::completeLaunch(bool hasIcon) {
 }
 
 void TarnwickApp::openWithoutIcon(const QByteArray& activationToken) {
+    provideWindowIcon();
     const ActivationTokenScope token(activationToken);
     presenter_.openAsWindow();
 }

@@ -82,6 +82,7 @@ TEST_F(TarnwickAppTest, UseAuthKeyOpensItsWindow) {
     const QWidgetList windows = QApplication::topLevelWidgets();
     ASSERT_EQ(windows.size(), 1);
     EXPECT_EQ(windows.first()->windowTitle(), u"Connect to Network"_s);
+    EXPECT_FALSE(windows.first()->windowIcon().isNull());
 }
 
 TEST_F(TarnwickAppTest, QuitEndsTheEventLoop) {
