@@ -32,6 +32,19 @@ bool isLineBreak(QChar c) {
            c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
 }
 
+void dropLineBreaks(QString& text, int& cursor) {
+    QString line;
+    int lineCursor = cursor;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (!isLineBreak(text[i]))
+            line += text[i];
+        else if (i < cursor)
+            --lineCursor;
+    }
+    text = line;
+    cursor = lineCursor;
+}
+
 QString harmlessLine(const QString& text) {
     QString line;
     for (const QChar c : text) {

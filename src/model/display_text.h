@@ -11,6 +11,9 @@ QString cutText(const QString& text, qsizetype longest);
 /// Whether the character ends a line, in any convention.
 bool isLineBreak(QChar c);
 
+/// Takes the line breaks out, and keeps the cursor behind the same text.
+void dropLineBreaks(QString& text, int& cursor);
+
 /// An external text as one harmless line: line breaks and control characters become blanks,
 /// direction marks are dropped.
 QString harmlessLine(const QString& text);

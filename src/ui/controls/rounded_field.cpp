@@ -25,17 +25,8 @@ public:
     using QValidator::QValidator;
 
     State validate(QString& input, int& cursor) const override {
-        QString line;
-        int lineCursor = cursor;
-        for (qsizetype i = 0; i < input.size(); ++i) {
-            if (!isLineBreak(input[i]))
-                line += input[i];
-            else if (i < cursor)
-                --lineCursor;
-        }
-        input = line;
-        cursor = lineCursor;
-        return line.size() > RoundedField::longestText ? Invalid : Acceptable;
+        dropLineBreaks(input, cursor);
+        return input.size() > RoundedField::longestText ? Invalid : Acceptable;
     }
 };
 
