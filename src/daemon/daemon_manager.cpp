@@ -104,7 +104,7 @@ void DaemonManager::beginRefresh(bool forceProfiles, Completion completion) {
     const bool readsProfiles = refresh_.shouldReadProfiles(
         forceProfiles, state().profiles.isEmpty(), RefreshBookkeeping::Clock::now);
     workQueue_.async([weak = weak_from_this(), runner = runner_, readsProfiles,
-                      known = attribution_.settledDetails(), previous = lastReading_,
+                      known = attribution_.settledDetails(), previous = lastAnswer_,
                       completion = std::move(completion)]() mutable {
         const auto reading = weak.expired()
                                  ? StatusReading()
@@ -117,15 +117,15 @@ void DaemonManager::beginRefresh(bool forceProfiles, Completion completion) {
 }
 
 void DaemonManager::finishRefresh(const StatusReading& reading, const Completion& completion) {
-    lastReading_ = reading;
+    lastAnswer_ = reading.answer;
     if (reading.profiles) {
         details_.prune(*reading.profiles);
         published_.set(&DaemonState::profiles, details_.enrich(*reading.profiles));
         attribution_.listWasRead(*reading.profiles);
         refresh_.profilesWereRead(RefreshBookkeeping::Clock::now());
     }
-    if (reading.status)
-        publish(*reading.status, reading.devices);
+    if (lastAnswer_.status)
+        publish(*lastAnswer_.status, lastAnswer_.devices);
     else
         publishStopped();
 

@@ -126,7 +126,7 @@ private:
     RememberedDetails details_;
     ProfileAttribution attribution_;
     RefreshBookkeeping refresh_;
-    StatusReading lastReading_;
+    DecodedStatus lastAnswer_;
     QTimer statusTimer_;
 
     // Last, so that they go first: no work is left when the fields above are released.

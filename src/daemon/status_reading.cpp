@@ -17,16 +17,22 @@ bool hasOtherDetails(const StatusResponse& status,
 
 } // namespace
 
+DecodedStatus DecodedStatus::of(const QByteArray& output) {
+    DecodedStatus decoded = {output, StatusResponse::decode(output), {}};
+    if (decoded.status) {
+        decoded.devices = decoded.status->devices();
+        decoded.status->peer.reset(); // a large network is kept once
+    }
+    return decoded;
+}
+
 StatusReading StatusReading::take(const CommandRunner& runner, bool readsProfiles,
                                   const std::optional<NetworkProfileDetails>& known,
-                                  const StatusReading& previous) {
-    StatusReading reading;
-    reading.output = runner.runCLI({u"status"_s, u"--json"_s});
-    const bool isNew = reading.output != previous.output;
-    reading.status = isNew ? StatusResponse::decode(reading.output) : previous.status;
-    if (reading.status)
-        reading.devices = isNew ? reading.status->devices() : previous.devices;
-    if (readsProfiles || (reading.status && hasOtherDetails(*reading.status, known)))
+                                  const DecodedStatus& previous) {
+    const QByteArray output = runner.runCLI({u"status"_s, u"--json"_s});
+    StatusReading reading = {output == previous.output ? previous : DecodedStatus::of(output), {}};
+    const auto& status = reading.answer.status;
+    if (readsProfiles || (status && hasOtherDetails(*status, known)))
         reading.profiles =
             parseProfileList(textFromUtf8(runner.runCLI({u"switch"_s, u"--list"_s})));
     return reading;
