@@ -213,25 +213,23 @@ void DaemonManager::connectWithAuthKey(const QString& authKey, const QString& de
                                                           const QByteArray& output) {
                 self.showFailure(output);
                 const auto failure = failureIn(output, authKey);
-                self.refreshStatus(true,
-                                   [weak = self.weak_from_this(), output, failure, completion] {
-                                       if (const auto manager = weak.lock())
-                                           manager->finishLogin(output, failure, completion);
-                                   });
+                // Called by the controller itself, and never when it has gone.
+                self.refreshStatus(true, [&self, output, failure, completion] {
+                    self.finishLogin(output, failure);
+                    if (completion)
+                        completion();
+                });
             });
 }
 
 // The refresh before this has cleared the message if the daemon answers at all: a refused log-in
 // has to be shown again, unless the machine is connected all the same.
-void DaemonManager::finishLogin(const QByteArray& output, const std::optional<QString>& failure,
-                                const Completion& completion) {
+void DaemonManager::finishLogin(const QByteArray& output, const std::optional<QString>& failure) {
     if (state().isConnected)
         clearErrorMessage();
     else
         showFailure(output);
     report(state().isConnected ? std::nullopt : failure);
-    if (completion)
-        completion();
 }
 
 void DaemonManager::removeProfile(const QString& id) {

@@ -111,8 +111,7 @@ private:
 
     void perform(ToolWork work, CommandHandler handle);
     void finishConnecting(const QByteArray& output);
-    void finishLogin(const QByteArray& output, const std::optional<QString>& failure,
-                     const Completion& completion);
+    void finishLogin(const QByteArray& output, const std::optional<QString>& failure);
     void finishRemoval(const QString& id, const QByteArray& output);
     void finishInstallation(const DaemonInstaller::Outcome& outcome);
     void showFailure(const QByteArray& output);
