@@ -11,10 +11,12 @@
 
 namespace tarnwick {
 
-PopoverList::PopoverList(int maximumHeight, RowList::Provide provide, QWidget* parent)
+PopoverList::PopoverList(int maximumHeight, RowList::OutOfSight outOfSight,
+                         RowList::Provide provide, QWidget* parent)
     : QWidget(parent), maximumHeight_(maximumHeight),
       heading_(new ElidedLabel({TextStyle::Caption}, ThemeColor::Secondary, this)),
-      scrollArea_(new OverlayScrollArea(this)), rows_(new RowList(std::move(provide), nullptr)) {
+      scrollArea_(new OverlayScrollArea(this)),
+      rows_(new RowList(outOfSight, std::move(provide), nullptr)) {
     constexpr int spacing = 2;
     constexpr int bottomPadding = 8;
     auto* column = new QVBoxLayout(this);

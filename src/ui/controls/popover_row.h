@@ -19,7 +19,8 @@ public:
     static constexpr int fixedWidth = 260;
 
     /// `maximumHeight` is of the scrolled part, in device-independent pixels.
-    PopoverList(int maximumHeight, RowList::Provide provide, QWidget* parent = nullptr);
+    PopoverList(int maximumHeight, RowList::OutOfSight outOfSight, RowList::Provide provide,
+                QWidget* parent = nullptr);
 
     void setContent(const QString& heading, const QStringList& keys);
 

@@ -27,9 +27,27 @@ QStringList distinct(const QStringList& keys) {
 
 } // namespace
 
-RowList::RowList(Provide provide, QWidget* parent) : QWidget(parent), provide_(std::move(provide)) {
+RowList::RowList(OutOfSight outOfSight, Provide provide, QWidget* parent)
+    : QWidget(parent), outOfSight_(outOfSight), isAccessibilityActive_(QAccessible::isActive()),
+      provide_(std::move(provide)) {
     filler_.setInterval(0);
     QObject::connect(&filler_, &QTimer::timeout, this, &RowList::makeMoreRows);
+    QAccessible::installActivationObserver(this);
+}
+
+RowList::~RowList() {
+    QAccessible::removeActivationObserver(this);
+}
+
+bool RowList::needsAllRows() const {
+    return outOfSight_ == OutOfSight::Made || isAccessibilityActive_;
+}
+
+void RowList::accessibilityActiveChanged(bool active) {
+    isAccessibilityActive_ = active;
+    filledUpTo_ = 0; // rows may have been reused
+    if (active)
+        filler_.start();
 }
 
 void RowList::setRows(const QStringList& keys) {
@@ -51,7 +69,8 @@ void RowList::setRows(const QStringList& keys) {
     for (qsizetype i = 0; i < keys_.size(); ++i)
         placeRow(i);
     makeVisibleRows();
-    filler_.start();
+    if (needsAllRows())
+        filler_.start();
     updateGeometry();
 }
 
@@ -76,13 +95,35 @@ QWidget* RowList::row(qsizetype index) const {
 }
 
 void RowList::makeRow(qsizetype index) {
-    QWidget*& row = rows_[keys_[index]];
-    if (row != nullptr)
+    if (row(index) != nullptr)
         return;
-    row = provide_(nullptr, index);
-    row->setParent(this);
+    QWidget* made = provide_(takeSpareRow(), index);
+    made->setParent(this);
+    rows_.insert(keys_[index], made);
     placeRow(index);
-    row->show();
+    made->show();
+}
+
+/// A row that is out of sight and not needed there.
+QWidget* RowList::takeSpareRow() {
+    if (needsAllRows() || rows_.isEmpty())
+        return nullptr;
+    const auto [first, last] = visibleRows();
+    for (auto row = rows_.begin(); row != rows_.end(); ++row) {
+        const int index = row.value()->y() / (rowHeight_ + gap);
+        if (index < first || index > last) {
+            QWidget* spare = row.value();
+            rows_.erase(row);
+            return spare;
+        }
+    }
+    return nullptr;
+}
+
+std::pair<qsizetype, qsizetype> RowList::visibleRows() const {
+    const int pitch = rowHeight_ + gap;
+    return {std::max(0, -y() / pitch),
+            std::min(keys_.size() - 1, qsizetype((parentWidget()->height() - y()) / pitch))};
 }
 
 void RowList::placeRow(qsizetype index) {
@@ -93,10 +134,7 @@ void RowList::placeRow(qsizetype index) {
 void RowList::makeVisibleRows() {
     if (keys_.isEmpty() || rowHeight_ == 0 || parentWidget() == nullptr)
         return;
-    const int pitch = rowHeight_ + gap;
-    const qsizetype first = std::max(0, -y() / pitch);
-    const qsizetype last =
-        std::min(keys_.size() - 1, qsizetype((parentWidget()->height() - y()) / pitch));
+    const auto [first, last] = visibleRows();
     for (qsizetype i = first; i <= last; ++i)
         makeRow(i);
 }

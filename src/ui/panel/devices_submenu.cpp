@@ -136,9 +136,9 @@ void DevicesSubmenu::paintRow(QPainter& painter) {
 }
 
 PopoverList* DevicesSubmenu::makeList() {
-    auto* list = new PopoverList(maximumListHeight, [this](QWidget* row, qsizetype index) {
-        return provideRow(row, index);
-    });
+    auto* list =
+        new PopoverList(maximumListHeight, RowList::OutOfSight::Reused,
+                        [this](QWidget* row, qsizetype index) { return provideRow(row, index); });
     list->scrollArea()->setFocusPolicy(
         Qt::StrongFocus); // to scroll with the arrow keys: the rows accept no focus
     return list;

@@ -156,9 +156,9 @@ void ProfilePickerRow::paintRow(QPainter& painter) {
 }
 
 PopoverList* ProfilePickerRow::makeList() {
-    return new PopoverList(maximumListHeight, [this](QWidget* row, qsizetype index) {
-        return provideLine(row, index);
-    });
+    return new PopoverList(
+        maximumListHeight, RowList::OutOfSight::Made,
+        [this](QWidget* row, qsizetype index) { return provideLine(row, index); });
 }
 
 void ProfilePickerRow::updateList(PopoverList& list) {
