@@ -3,8 +3,10 @@
 
 import os
 import pathlib
+import re
 import shutil
 import statistics
+import subprocess
 import sys
 import time
 
@@ -47,9 +49,17 @@ class ClientCost:
                 sys.exit(f"{path} exists: the client would use it")
 
     def _copies(self, directory):
+        """Of the programs and of Qt's libraries, of which other programs that run meanwhile would
+        take their share."""
         directory.mkdir()
         for program in ("tarnwick-client", "minimal_tray", *self._simulator):
             shutil.copy2(self._bin_dir / program, directory)
+        libraries = subprocess.run(["ldd", directory / "tarnwick-client"], capture_output=True,
+                                   text=True, check=True).stdout
+        qt = pathlib.Path(re.search(r"=> (\S+/libQt6Core\.so\.6)", libraries).group(1)).parent
+        for library in qt.glob("libQt6*.so.6"):
+            shutil.copy2(library, directory)
+        self._desktop.environment["LD_LIBRARY_PATH"] = str(directory)
         return directory / "tarnwick-client", directory / "minimal_tray"
 
     def _memory_and_start(self):

@@ -67,6 +67,9 @@ def panel_figures(path, environment, repetitions=11):
         program.time(f"{name}/manual_time", "real_time") / 1000
         for name in ("openPanelAgain", "openWindowOfThatSize", "openDevices/10",
                      "openDevices/1000", "openWindowOfPopoverSize"))
+    frame = program.time("scrollDevices/1000/manual_time", "real_time") / 1000
+    few_kib, many_kib = (program.time(f"heapOfDevices/{devices}/iterations:3/manual_time",
+                                      "real_time") for devices in (10, 1000))
     return [
         Figure("panel, opened the second time, to its first frame", again, "ms", 50,
                "from the call that a click makes"),
@@ -76,4 +79,7 @@ def panel_figures(path, environment, repetitions=11):
                f"{few:.1f} ms with 10 devices"),
         Figure("the same : an empty window of its size", many / popover, "x", None,
                f"{many:.1f} : {popover:.1f} ms"),
+        Figure("scrolling in it, a frame", frame, "ms", 1000 / 60, "60 frames a second"),
+        Figure("heap for its 1,000 devices : for 10", many_kib / few_kib, "x", 2,
+               f"{many_kib:.0f} : {few_kib:.0f} KiB"),
     ]

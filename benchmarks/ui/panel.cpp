@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 // From the call that a click makes to the first painted frame: the panel the second time, and a
-// popover of 1,000 devices, each against an empty window of its size.
+// popover of 1,000 devices, each against an empty window of its size. Then scrolling in it, and
+// what it takes of the heap.
+#include "support/heap_use.h"
 #include "support/publishing.h"
 #include "ui/panel/devices_submenu.h"
 #include "ui/panel/menu_bar_view.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QScrollBar>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -153,6 +156,40 @@ void openDevices(benchmark::State& state) {
     }
 }
 
+/// A frame of a list that is scrolled by a row and a half at a time, to its end and back.
+void scrollDevices(benchmark::State& state) {
+    Panel panel(int(state.range(0)));
+    auto* row = panel.view.findChild<DevicesSubmenu*>();
+    row->setPopoverPresented(true);
+    runEventLoop(200);
+    QScrollBar& bar = *row->list()->scrollArea()->verticalScrollBar();
+    int step = 60;
+    for ([[maybe_unused]] auto _ : state) {
+        if (bar.value() + step > bar.maximum() || bar.value() + step < 0)
+            step = -step;
+        PaintWatch watch(*row->popover());
+        const Stopwatch stopwatch;
+        bar.setValue(bar.value() + step);
+        watch.wait();
+        state.SetIterationTime(stopwatch.seconds());
+    }
+}
+
+/// What an open popover holds once nothing is left to do; in place of a time.
+void heapOfDevices(benchmark::State& state) {
+    Panel panel(int(state.range(0)));
+    auto* row = panel.view.findChild<DevicesSubmenu*>();
+    for ([[maybe_unused]] auto _ : state) {
+        const double before = bench::heapKiB();
+        row->setPopoverPresented(true);
+        runEventLoop(500);
+        state.SetIterationTime((bench::heapKiB() - before) / 1e6);
+        row->setPopoverPresented(false);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        runEventLoop(5);
+    }
+}
+
 void openWindowOfPopoverSize(benchmark::State& state) {
     for ([[maybe_unused]] auto _ : state)
         state.SetIterationTime(openEmptyWindow({269, 330}));
@@ -161,6 +198,13 @@ void openWindowOfPopoverSize(benchmark::State& state) {
 BENCHMARK(openPanelAgain)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(openWindowOfThatSize)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(openDevices)->Arg(10)->Arg(1000)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(scrollDevices)->Arg(1000)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(heapOfDevices)
+    ->Arg(10)
+    ->Arg(1000)
+    ->UseManualTime()
+    ->Iterations(3)
+    ->Unit(benchmark::kMicrosecond);
 BENCHMARK(openWindowOfPopoverSize)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 } // namespace
