@@ -46,7 +46,7 @@ QString preferredQtPlatforms(const QProcessEnvironment& environment) {
     return u"xcb;wayland"_s;
 }
 
-bool hasGnomeStatusArea(const QProcessEnvironment& environment) {
+bool isGnome(const QProcessEnvironment& environment) {
     return environment.value(u"XDG_CURRENT_DESKTOP"_s).split(u':').contains(u"GNOME"_s);
 }
 

@@ -25,8 +25,7 @@ struct SessionPaths {
 /// unless the user has chosen a platform.
 QString preferredQtPlatforms(const QProcessEnvironment& environment);
 
-/// Whether the session's status area is that of GNOME's extension. It keeps single clicks on the
-/// items of its status-notifier host for their menus, and passes on each click in its X tray.
-bool hasGnomeStatusArea(const QProcessEnvironment& environment);
+/// Whether the session's shell is GNOME's.
+bool isGnome(const QProcessEnvironment& environment);
 
 } // namespace tarnwick

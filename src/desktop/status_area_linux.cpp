@@ -25,7 +25,8 @@ constexpr std::chrono::milliseconds longestWait{1500};
 } // namespace
 
 /// Goes to the status-notifier hosts where there are any; where a desktop has both kinds, the X
-/// tray is for old programs, but under GNOME works better. Qt's icon is made only while there is an
+/// tray is for old programs. But GNOME's extension keeps single clicks on an item for its menu, and
+/// passes on each click in its X tray. Qt's icon is made only while there is an
 /// X tray and no registry of hosts: with one, Qt may make a status-notifier item of it, and waits
 /// for a registry that hangs.
 class StatusArea::Icon {
@@ -144,7 +145,7 @@ private:
     StatusArea& area_;
     const QIcon picture_;
     const bool hasMenu_;
-    const bool prefersXTray_ = hasGnomeStatusArea(QProcessEnvironment::systemEnvironment());
+    const bool prefersXTray_ = isGnome(QProcessEnvironment::systemEnvironment());
     QString statusLabel_;
     MessageBus bus_;
     std::unique_ptr<StatusNotifierWatcher> hosts_; ///< Null while there is no bus.

@@ -37,13 +37,13 @@ TEST(GnomeStatusArea, IsKnownByTheNamesOfTheDesktop) {
     const auto isThere = [](const QString& names) {
         QProcessEnvironment session;
         session.insert(u"XDG_CURRENT_DESKTOP"_s, names);
-        return hasGnomeStatusArea(session);
+        return isGnome(session);
     };
     for (const auto& names : {u"GNOME"_s, u"ubuntu:GNOME"_s, u"GNOME-Classic:GNOME"_s})
         EXPECT_TRUE(isThere(names)) << qPrintable(names);
     for (const auto& names : {u""_s, u"KDE"_s, u"X-Cinnamon"_s, u"Budgie:NOTGNOME"_s})
         EXPECT_FALSE(isThere(names)) << qPrintable(names);
-    EXPECT_FALSE(hasGnomeStatusArea({}));
+    EXPECT_FALSE(isGnome({}));
 }
 
 } // namespace tarnwick
