@@ -56,7 +56,7 @@ class Desktop(Screen):
         self.home = self._make_directory("home")
         self.runtime = self._make_directory("run")
         self.processes = []
-        self.tray = self.tray_window = None
+        self.tray = self.tray_window = self.window_manager = None
         self._buses = {}
         self._size, self._tray_edge = size, tray
         self._has_session_bus, self._is_accessible = session_bus, accessibility
@@ -142,10 +142,12 @@ class Desktop(Screen):
             raise RuntimeError(self.processes[-1].output())
         return f":{number}"
 
-    def start_window_manager(self):
-        """Returns when it does what it is asked. Before that it may leave a window that wants to be
-        shown until something else happens."""
-        process = self.start("openbox", "--sm-disable")
+    def start_window_manager(self, *options):
+        """In place of one that runs. Returns when it does what it is asked: before that it may leave a
+        window that wants to be shown until something else happens."""
+        if self.window_manager:
+            self.window_manager.stop()
+        process = self.window_manager = self.start("openbox", "--sm-disable", *options)
         wanted = "2" if self._number_of_workspaces() == "1" else "1"
 
         def obeys():

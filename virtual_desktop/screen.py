@@ -50,8 +50,12 @@ class Screen:
         """The visible windows of a process, by their X ids."""
         windows = self.run("xdotool", "search", "--all", "--onlyvisible", "--pid", process.pid,
                            "--name", "").split()
-        found = {window: self.geometry(window) for window in windows}
+        found = {window: self.geometry(window) for window in windows if not self._is_desktop(window)}
         return {window: rect for window, rect in found.items() if rect}
+
+    def _is_desktop(self, window):
+        """Whether it is below all others, as those that draw the desktop are."""
+        return "_TYPE_DESKTOP" in self.run("xprop", "-id", window, "_NET_WM_WINDOW_TYPE")
 
     def geometry(self, window):
         """Where a window is without its shadow; None when it is gone."""

@@ -45,6 +45,10 @@ MenuBarView& PanelPresenter::panel() {
             if (!panel_->isHidden())
                 dismissal_ = {pointerPosition(), QDeadlineTimer(longestClick)};
         });
+        QObject::connect(panel_.get(), &MenuBarView::closed, this, [this] {
+            if (QObject* clicks = desktopClicks_.release())
+                clicks->deleteLater(); // it may be reporting one
+        });
     }
     return *panel_;
 }
@@ -68,7 +72,13 @@ void PanelPresenter::open(const IconPlace& icon) {
     const PanelPlacement placement =
         PanelPlacement::beside({icon.rect, icon.click, pointerPosition()}, screenAreas());
     panel().setMaximumPanelHeight(placement.roomForPanel());
+    closeOnDesktopClicks();
     panel().openAt(placement.position(panel().panelSize()));
+}
+
+void PanelPresenter::closeOnDesktopClicks() {
+    if (!desktopClicks_)
+        desktopClicks_ = watchDesktopClicks([this] { panel_->close(); });
 }
 
 void PanelPresenter::openAsWindow() {
@@ -76,6 +86,7 @@ void PanelPresenter::openAsWindow() {
     panel().setMaximumPanelHeight(available.height() - titleBarAllowance);
     QRect place(QPoint(0, 0), panel().panelSize());
     place.moveCenter(available.center());
+    desktopClicks_.reset(); // an ordinary window stays open
     panel().openAsWindowAt(place.topLeft());
 }
 

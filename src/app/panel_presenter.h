@@ -46,10 +46,12 @@ private:
     };
 
     MenuBarView& panel();
+    void closeOnDesktopClicks();
 
     MakePanel makePanel_;
     std::unique_ptr<MenuBarView> panel_;
-    std::optional<Dismissal> dismissal_; ///< The last one, until the next click on the icon.
+    std::unique_ptr<QObject> desktopClicks_; ///< While the panel is open beside the icon.
+    std::optional<Dismissal> dismissal_;     ///< The last one, until the next click on the icon.
 };
 
 } // namespace tarnwick

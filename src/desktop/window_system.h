@@ -32,6 +32,10 @@ void declareShadow(QWindow& window, const QMargins& margins, const QPainterPath&
 /// none comes or goes.
 std::unique_ptr<QObject> watchCompositor(std::function<void()> changed);
 
+/// Calls `clicked` whenever the empty desktop is clicked, as long as the result exists. Null where
+/// such a click takes the focus, so that the active window knows of it anyhow.
+std::unique_ptr<QObject> watchDesktopClicks(std::function<void()> clicked);
+
 /// Where the pointer is, in device-independent pixels; none on Wayland, where a program knows only
 /// where it last was over its own windows, and on Xwayland, where that goes for all X programs.
 std::optional<QPoint> pointerPosition();

@@ -19,6 +19,10 @@ std::unique_ptr<QObject> watchCompositor(std::function<void()>) {
     return nullptr;
 }
 
+std::unique_ptr<QObject> watchDesktopClicks(std::function<void()>) {
+    return nullptr;
+}
+
 std::optional<QPoint> pointerPosition() {
     return QCursor::pos();
 }

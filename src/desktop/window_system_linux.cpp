@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "desktop/session_environment.h"
 #include "desktop/window_system.h"
 #include "desktop/x11_linux.h"
 
@@ -6,6 +7,8 @@
 #include <QCursor>
 #include <QGuiApplication>
 #include <QRegion>
+#include <QScreen>
+#include <QSurfaceFormat>
 #include <QTransform>
 #include <QWindow>
 
@@ -71,6 +74,34 @@ bool X11CompositorWatch::nativeEventFilter(const QByteArray& eventType, void* me
     return false;
 }
 
+/// GNOME leaves the focus where it is when its empty desktop is clicked, and reports such a click
+/// to nobody. This is a window that nobody sees, below all others, as a program that draws the
+/// desktop has.
+class DesktopWindow : public QWindow {
+public:
+    explicit DesktopWindow(std::function<void()> clicked) : clicked_(std::move(clicked)) {
+        QSurfaceFormat translucent;
+        translucent.setAlphaBufferSize(8);
+        setFormat(translucent);
+        setFlags(Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
+        setGeometry(QGuiApplication::primaryScreen()->virtualGeometry());
+        create();
+        X11Display display;
+        const auto id = static_cast<std::uint32_t>(winId());
+        display.makeBackgroundTransparent(id);
+        display.setNames(id, "_NET_WM_WINDOW_TYPE", {"_NET_WM_WINDOW_TYPE_DESKTOP"});
+        show();
+    }
+
+protected:
+    void mousePressEvent(QMouseEvent*) override {
+        QMetaObject::invokeMethod(this, clicked_, Qt::QueuedConnection); // may delete this
+    }
+
+private:
+    const std::function<void()> clicked_;
+};
+
 } // namespace
 
 bool isScreenComposited() {
@@ -104,6 +135,12 @@ std::unique_ptr<QObject> watchCompositor(std::function<void()> changed) {
     if (!X11Display().exists())
         return nullptr;
     return std::make_unique<X11CompositorWatch>(std::move(changed));
+}
+
+std::unique_ptr<QObject> watchDesktopClicks(std::function<void()> clicked) {
+    if (!isGnome(QProcessEnvironment::systemEnvironment()) || !X11Display().exists())
+        return nullptr;
+    return std::make_unique<DesktopWindow>(std::move(clicked));
 }
 
 std::optional<QPoint> pointerPosition() {

@@ -59,6 +59,7 @@ struct X11Display::Xcb {
     decltype(&xcb_get_property_value_length) getPropertyValueLength = nullptr;
     decltype(&xcb_change_property) changeProperty = nullptr;
     decltype(&xcb_delete_property) deleteProperty = nullptr;
+    decltype(&xcb_change_window_attributes) changeWindowAttributes = nullptr;
     decltype(&xcb_get_extension_data) getExtensionData = nullptr;
 
     // Of the extensions Shape and XFixes, whose headers are not needed to build Qt programs. Qt
@@ -97,6 +98,7 @@ struct X11Display::Xcb {
                find(queryExtensionReply, "xcb_query_extension_reply") &&
                find(changeProperty, "xcb_change_property") &&
                find(deleteProperty, "xcb_delete_property") &&
+               find(changeWindowAttributes, "xcb_change_window_attributes") &&
                find(getExtensionData, "xcb_get_extension_data") &&
                find(getSelectionOwner, "xcb_get_selection_owner") &&
                find(getSelectionOwnerReply, "xcb_get_selection_owner_reply") &&
@@ -239,6 +241,26 @@ void X11Display::setInputRegion(std::uint32_t window, const QRegion& region) {
 
 void X11Display::setProperty(std::uint32_t window, const QByteArray& name,
                              const std::vector<std::uint32_t>& values) {
+    changeProperty(window, name, XCB_ATOM_CARDINAL, values);
+}
+
+void X11Display::setNames(std::uint32_t window, const QByteArray& name,
+                          const std::vector<QByteArray>& values) {
+    std::vector<std::uint32_t> atoms;
+    atoms.reserve(values.size());
+    for (const QByteArray& value : values)
+        atoms.push_back(atom(value));
+    changeProperty(window, name, XCB_ATOM_ATOM, atoms);
+}
+
+void X11Display::makeBackgroundTransparent(std::uint32_t window) {
+    constexpr std::uint32_t transparent = 0;
+    if (xcb_)
+        xcb_->changeWindowAttributes(xcb_->connection, window, XCB_CW_BACK_PIXEL, &transparent);
+}
+
+void X11Display::changeProperty(std::uint32_t window, const QByteArray& name, std::uint32_t type,
+                                const std::vector<std::uint32_t>& values) {
     constexpr std::uint8_t bits = 32;
     if (!xcb_)
         return;
@@ -246,9 +268,8 @@ void X11Display::setProperty(std::uint32_t window, const QByteArray& name,
         xcb_->deleteProperty(xcb_->connection, window, atom(name));
         return;
     }
-    xcb_->changeProperty(xcb_->connection, XCB_PROP_MODE_REPLACE, window, atom(name),
-                         XCB_ATOM_CARDINAL, bits, static_cast<std::uint32_t>(values.size()),
-                         values.data());
+    xcb_->changeProperty(xcb_->connection, XCB_PROP_MODE_REPLACE, window, atom(name), type, bits,
+                         static_cast<std::uint32_t>(values.size()), values.data());
 }
 
 void X11Display::sendMessage(std::uint32_t window, const QByteArray& type,

@@ -60,8 +60,18 @@ public:
     void setProperty(std::uint32_t window, const QByteArray& name,
                      const std::vector<std::uint32_t>& values);
 
+    /// Sets a property of names, such as "_NET_WM_STATE"; without names removes it.
+    void setNames(std::uint32_t window, const QByteArray& name,
+                  const std::vector<QByteArray>& values);
+
+    /// Makes transparent what a window with an alpha channel does not paint.
+    void makeBackgroundTransparent(std::uint32_t window);
+
 private:
     struct Xcb;
+
+    void changeProperty(std::uint32_t window, const QByteArray& name, std::uint32_t type,
+                        const std::vector<std::uint32_t>& values);
 
     /// The beginning of that property of the window, or of the root window for none.
     QByteArray property(std::uint32_t window, const QByteArray& name);

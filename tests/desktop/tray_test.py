@@ -254,6 +254,12 @@ class NotifierHost(unittest.TestCase):
             self.assertEqual(host.property("IconPixmap"), [])
 
 
+# A click on a window gives it the focus, one on the empty desktop takes it from none.
+CLICKS_LIKE_GNOMES = """<openbox_config xmlns="http://openbox.org/3.4/rc"><mouse><context name="Client">
+  <mousebind button="Left" action="Press"><action name="Focus"/><action name="Raise"/></mousebind>
+</context></mouse></openbox_config>"""
+
+
 class GnomeStatusArea(unittest.TestCase):
     """GNOME's extension is both kinds of status area, and only its X tray passes on each click."""
 
@@ -290,6 +296,20 @@ class GnomeStatusArea(unittest.TestCase):
                 self.assertGreater(lightest - darkest, 0.6)
                 client.stop()
                 self.desktop.stop_tray()
+
+    def test_a_click_on_the_empty_desktop_closes_the_panel_as_one_on_another_window_does(self):
+        rules = self.desktop.directory / "rc.xml"
+        rules.write_text(CLICKS_LIKE_GNOMES, encoding="utf-8")
+        self.desktop.start_window_manager("--config-file", rules)
+        self.desktop.start_tray()
+        client = self.start_client()
+        icon = self.desktop.wait_for_icon(client)
+        _, other = self.desktop.open_window(Rect(100, 500, 300, 100))
+        for point in ((100, 200), other.center):
+            self.desktop.click(icon.center)
+            self.desktop.wait_for_panel(client)
+            self.desktop.click(point)
+            self.desktop.wait_for_no_panel(client)
 
     def test_its_x_tray_that_restarts_gets_the_icon_again(self):
         self.desktop.start_tray()

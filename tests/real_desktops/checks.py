@@ -4,7 +4,8 @@
 import time
 
 import sight
-from trial import ANSWER_LIMIT, EMPTY_SPOT, ICON_LIMIT, NEAR, POPOVER_GAP, WHOLE, No
+from shell import EMPTY_SPOT
+from trial import ANSWER_LIMIT, ICON_LIMIT, NEAR, POPOVER_GAP, WHOLE, No
 from virtual_desktop import Rect, comes, stays
 
 DARK, LIGHT = 0.4, 0.6  # a panel's background is darker, or lighter
@@ -14,7 +15,7 @@ BUSY_LIMIT = 2.0  # seconds after the panel is there
 
 
 def icon(trial):
-    trial.hand.move_mouse(EMPTY_SPOT)
+    trial.hand.move_mouse(trial.shell.resting_spot)
     trial.still_picture()
     trial.resting_pointer = trial.pointer_picture()
     took = trial.start_client()
@@ -49,7 +50,7 @@ def under_icon(trial):
 
 def pointer(trial):
     trial.opened_panel()
-    trial.hand.move_mouse(EMPTY_SPOT)
+    trial.hand.move_mouse(trial.shell.resting_spot)
 
     def rests():
         # Nobody knows which part of the desktop a panel that stands elsewhere covers.

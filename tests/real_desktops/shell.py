@@ -15,6 +15,7 @@ COMMON = ("xvfb xdotool imagemagick x11-utils x11-xserver-utils dbus-daemon dbus
           "fonts-dejavu-core at-spi2-core dconf-gsettings-backend gsettings-desktop-schemas "
           "adwaita-icon-theme xdg-desktop-portal xdg-desktop-portal-gtk")
 SIZE = (1280, 800)
+EMPTY_SPOT = (440, 620)  # of every desktop, with no window and no icon
 START_LIMIT = 90.0  # seconds, for a shell without a graphics card
 
 
@@ -27,7 +28,11 @@ class Shell(Desktop):
     edge = "top"  # of the screen, at which the bar is
     bar = 32  # its thickness, where the shell does not say
     has_status_area = True
+    resting_spot = EMPTY_SPOT  # for the pointer, with no window of anybody's below
     variables = {}
+    # What cannot be had there: for a check, words of what it finds then. It fails when it finds
+    # anything else, also when it holds.
+    known_limits = {}
     restarts = "the shell"  # what `restart` restarts
 
     def __init__(self):

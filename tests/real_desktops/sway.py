@@ -19,6 +19,7 @@ class Sway(NestedShell):
     variables = {**NestedShell.variables, "XDG_CURRENT_DESKTOP": "sway", "WLR_BACKENDS": "x11",
                  "WLR_RENDERER": "pixman"}
     restarts = "the bar"
+    known_limits = {"under the icon": "pixels from the bar"}  # Sway places X windows itself
 
     def start_shell(self):
         told = self.directory / "displays"

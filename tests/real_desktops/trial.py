@@ -6,7 +6,7 @@ import shutil
 import time
 
 import sight
-from shell import SIZE
+from shell import EMPTY_SPOT, SIZE
 from simulated_daemon import SimulatedDaemon, quick_world
 from virtual_desktop import PANEL_WIDTH, Rect, comes, stays, wait_until
 
@@ -15,7 +15,6 @@ ANSWER_LIMIT = 5.0  # seconds, for what follows at once on a quiet machine
 NEAR = 8  # pixels
 POPOVER_GAP = 16  # pixels
 WHOLE = Rect(0, 0, *SIZE)
-EMPTY_SPOT = (440, 620)  # of every desktop, with no window and no icon
 AWAY = (640, 500)
 
 
@@ -88,8 +87,8 @@ class Trial:
         return next(iter(self.windows()), None)
 
     def pointer_picture(self):
-        """The pointer over the empty desktop: the server's, or the one that a compositor drew."""
-        x, y = EMPTY_SPOT
+        """The pointer at rest: the server's, or the one that a compositor drew."""
+        x, y = self.shell.resting_spot
         around = (x - 16, y - 16, x + 32, y + 32)
         return self.pointer.image(), self.picture("pointer").crop(around).tobytes()
 

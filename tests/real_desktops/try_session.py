@@ -13,15 +13,20 @@ from sessions import SESSIONS
 from trial import No, Trial
 
 
-def one_check(check, trial):
-    """Returns the cell: whether it holds, and what was measured or found instead."""
+YES, NO, CANNOT = "yes", "**no**", "cannot"
+
+
+def one_check(check, trial, limit):
+    """Returns the cell, and what was measured or found instead. `limit`: words of what is found where
+    it cannot hold; None where it can."""
     time.sleep(1)  # a hand needs as long; clicks that come sooner may count as one
     try:
-        return True, check(trial)
+        measured = check(trial)
+        return (YES, measured) if limit is None else (NO, f"holds, though it was thought it cannot: {measured}")
     except No as found:
-        return False, str(found)
+        return CANNOT if limit is not None and limit in str(found) else NO, str(found)
     except (OSError, TimeoutError, subprocess.SubprocessError) as problem:
-        return False, f"{type(problem).__name__}: {problem}"[:300]
+        return NO, f"{type(problem).__name__}: {problem}"[:300]
 
 
 def all_checks(trial):
@@ -29,17 +34,16 @@ def all_checks(trial):
     for name in CHECKS if trial.shell.has_status_area else WITHOUT_STATUS_AREA:
         check = CHECKS[name]
         began = time.monotonic()
-        cells[name] = one_check(check, trial)
-        holds, text = cells[name]
-        print(f"  {name}: {'yes' if holds else 'NO'}: {text} ({time.monotonic() - began:.1f} s)", flush=True)
+        cells[name] = one_check(check, trial, trial.shell.known_limits.get(name))
+        mark, text = cells[name]
+        print(f"  {name}: {mark}: {text} ({time.monotonic() - began:.1f} s)", flush=True)
         if trial.icon is None and trial.shell.has_status_area:
             break
     return cells
 
 
 def row(name, cells):
-    marks = ["-" if check not in cells else "yes" if cells[check][0] else "**no**"
-             for check in CHECKS]
+    marks = [cells[check][0] if check in cells else "-" for check in CHECKS]
     return f"| {name} | " + " | ".join(marks) + " |\n"
 
 
@@ -63,9 +67,9 @@ def try_session(name, folder):
         shell.stop()
     (folder / "row").write_text(row(name, cells), encoding="utf-8")
     (folder / "reasons").write_text("".join(
-        f"- {name}, {check}: {text}\n" for check, (holds, text) in cells.items() if not holds),
+        f"- {name}, {check}: {text}\n" for check, (mark, text) in cells.items() if mark != YES),
         encoding="utf-8")
-    return all(holds for holds, _ in cells.values())
+    return all(mark != NO for mark, _ in cells.values())
 
 
 def main():
