@@ -9,6 +9,7 @@
 #include <QVariantMap>
 
 #include <functional>
+#include <limits>
 #include <optional>
 #include <utility>
 
@@ -18,7 +19,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int callTimeout = 5000; // milliseconds
+/// Of the question that comes first. A failure that cannot be shown until then is history.
+constexpr int questionTimeout = 5000; // milliseconds
+
+/// A service that hangs shows the notification when it goes on, and only its reply says which one
+/// the next replaces.
+constexpr int withoutTimeout = std::numeric_limits<int>::max();
 
 QString serviceName() {
     return u"org.freedesktop.Notifications"_s;
@@ -26,7 +32,7 @@ QString serviceName() {
 
 } // namespace
 
-/// The desktop's notification service, to which each call is asynchronous and limited in time.
+/// The desktop's notification service, to which each call is asynchronous.
 ///
 /// One call runs at a time: only the reply to the last says which notification the next replaces.
 class FailureNotification::Service : public QObject {
@@ -42,7 +48,8 @@ private:
     void proceed();
     void askForMarkup();
     void notify(const QString& body);
-    void call(const QString& method, const QVariantList& arguments, const Answered& answered);
+    void call(const QString& method, const QVariantList& arguments, int timeout,
+              const Answered& answered);
 
     MessageBus bus_;
     std::unique_ptr<QDBusServiceWatcher> owner_;    ///< Null while there is no bus.
@@ -98,17 +105,19 @@ void FailureNotification::Service::proceed() {
     if (wanted_)
         askForMarkup();
     else if (const uint id = std::exchange(id_, 0))
-        call(u"CloseNotification"_s, {id}, {});
+        call(u"CloseNotification"_s, {id}, withoutTimeout, {});
 }
 
 void FailureNotification::Service::askForMarkup() {
     const auto answered = [this, text = wanted_.value_or(QString())](const QDBusMessage& reply) {
         if (reply.type() == QDBusMessage::ErrorMessage)
             return; // there is no such service
+        if (isDue_)
+            return; // for something newer
         const QStringList capabilities = reply.arguments().value(0).toStringList();
         notify(capabilities.contains("body-markup"_L1) ? text.toHtmlEscaped() : text);
     };
-    call(u"GetCapabilities"_s, {}, answered);
+    call(u"GetCapabilities"_s, {}, questionTimeout, answered);
 }
 
 void FailureNotification::Service::notify(const QString& body) {
@@ -116,19 +125,19 @@ void FailureNotification::Service::notify(const QString& body) {
     call(u"Notify"_s,
          {u"Tarnwick Network"_s, id_, u"tarnwick-client"_s, u"Tarnwick Network"_s, body,
           QStringList(), hints, -1},
-         [this](const QDBusMessage& reply) {
+         withoutTimeout, [this](const QDBusMessage& reply) {
              const QDBusPendingReply<uint> id = reply;
              id_ = id.isValid() ? id.value() : 0;
          });
 }
 
 void FailureNotification::Service::call(const QString& method, const QVariantList& arguments,
-                                        const Answered& answered) {
+                                        int timeout, const Answered& answered) {
     QDBusMessage message = QDBusMessage::createMethodCall(
         serviceName(), u"/org/freedesktop/Notifications"_s, serviceName(), method);
     message.setArguments(arguments);
-    call_ = std::make_unique<QDBusPendingCallWatcher>(
-        bus_.connection().asyncCall(message, callTimeout));
+    call_ =
+        std::make_unique<QDBusPendingCallWatcher>(bus_.connection().asyncCall(message, timeout));
     QObject::connect(call_.get(), &QDBusPendingCallWatcher::finished, this,
                      [this, answered](QDBusPendingCallWatcher* finished) {
                          call_.release()->deleteLater(); // it is the sender

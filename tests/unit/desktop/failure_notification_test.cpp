@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace tarnwick {
 
 using namespace Qt::StringLiterals;
@@ -39,13 +41,27 @@ public:
         calls += message;
         if (isSilent)
             return true;
-        QVariant answer = u"no such thing"_s;
-        if (!answersNonsense && message.member() == "GetCapabilities"_L1)
-            answer = capabilities;
-        if (!answersNonsense && message.member() == "Notify"_L1)
-            answer = nextId++;
-        connection.send(message.createReply(answer));
+        if (message.member() == held)
+            waiting += message;
+        else
+            answer(message, connection);
         return true;
+    }
+
+    void answer(const QDBusMessage& message, const QDBusConnection& connection) {
+        QVariant value = u"no such thing"_s;
+        if (!answersNonsense && message.member() == "GetCapabilities"_L1)
+            value = capabilities;
+        if (!answersNonsense && message.member() == "Notify"_L1)
+            value = nextId++;
+        connection.send(message.createReply(value));
+    }
+
+    /// Answers what has waited, and from now on all at once.
+    void goOn() {
+        held.clear();
+        for (const QDBusMessage& message : std::exchange(waiting, {}))
+            answer(message, connection_);
     }
 
     QList<QDBusMessage> all(const QString& member) const {
@@ -74,6 +90,8 @@ public:
     QList<QDBusMessage> calls;
     QStringList capabilities{u"body"_s};
     uint nextId = 7;
+    QString held; ///< Calls of this method wait for an answer.
+    QList<QDBusMessage> waiting;
     bool isSilent = false;
     bool answersNonsense = false;
 
@@ -201,6 +219,29 @@ TEST_F(FailureNotificationTest, AServiceThatDoesNotAnswerIsAskedAgainByTheNext) 
     notification_.show(u"second"_s);
     service_->isSilent = false;
     EXPECT_TRUE(waitForBodies({u"second"_s}));
+}
+
+// A desktop that hangs for a while shows the notification when it goes on.
+TEST_F(FailureNotificationTest, OneThatIsShownLateIsWithdrawnAllTheSame) {
+    service_->held = u"Notify"_s;
+    notification_.show(u"first"_s);
+    ASSERT_TRUE(waitForBodies({u"first"_s}));
+    runEventLoopFor(std::chrono::milliseconds(5500)); // longer than a service may think otherwise
+    notification_.withdraw();
+    service_->goOn();
+    ASSERT_TRUE(waitUntil([&] { return !service_->all(u"CloseNotification"_s).isEmpty(); }));
+    EXPECT_EQ(service_->all(u"CloseNotification"_s).constFirst().arguments(), QVariantList{7U});
+}
+
+TEST_F(FailureNotificationTest, WhatIsWithdrawnBeforeItIsShownIsNotShown) {
+    service_->held = u"GetCapabilities"_s;
+    notification_.show(u"first"_s);
+    ASSERT_TRUE(waitUntil([&] { return service_->waiting.size() == 1; }));
+    notification_.withdraw();
+    service_->goOn();
+    notification_.show(u"second"_s);
+    ASSERT_TRUE(waitUntil([&] { return !service_->bodies().isEmpty(); }));
+    EXPECT_EQ(service_->bodies(), QStringList{u"second"_s});
 }
 
 TEST_F(FailureNotificationTest, GoingWhileACallRunsIsHarmless) {
