@@ -105,10 +105,14 @@ void OverlayScrollArea::resizeEvent(QResizeEvent* event) {
 }
 
 void OverlayScrollArea::keyPressEvent(QKeyEvent* event) {
-    if (hasFocus())
-        QScrollArea::keyPressEvent(event);
-    else
+    if (!hasFocus())
         event->ignore();
+    else if (event->key() == Qt::Key_Home)
+        verticalScrollBar()->triggerAction(QAbstractSlider::SliderToMinimum);
+    else if (event->key() == Qt::Key_End)
+        verticalScrollBar()->triggerAction(QAbstractSlider::SliderToMaximum);
+    else
+        QScrollArea::keyPressEvent(event);
 }
 
 } // namespace tarnwick

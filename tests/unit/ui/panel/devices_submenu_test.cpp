@@ -27,6 +27,16 @@ protected:
         return entry;
     }
 
+    static void moveThePointerOnto(QWidget* row) {
+        QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
+        QCoreApplication::sendEvent(row, &enter);
+    }
+
+    static void moveThePointerAway(QWidget* row) {
+        QEvent leave(QEvent::Leave);
+        QCoreApplication::sendEvent(row, &leave);
+    }
+
     /// The ground at the end of the row, where nothing else is painted.
     static QColor groundColor(QWidget& row) {
         return row.grab().toImage().pixelColor(row.width() - 40, 4);
@@ -94,16 +104,15 @@ TEST_F(DevicesSubmenuTest, HoveringHighlightsAndOnlyAClickOpens) {
     open(withDevices(test::numberedDevices(3)));
     auto* entry = find<DevicesSubmenu>();
     const QColor plain = groundColor(*entry);
-    QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
-    QCoreApplication::sendEvent(entry, &enter);
+    moveThePointerOnto(entry);
     EXPECT_TRUE(entry->isHovering());
+    test::runEventLoopFor(std::chrono::milliseconds(700)); // nor after a while, as menus do
     EXPECT_FALSE(entry->isPopoverPresented());
     EXPECT_NE(groundColor(*entry), plain);
 
     click(entry);
     EXPECT_TRUE(entry->isPopoverPresented());
-    QEvent leave(QEvent::Leave);
-    QCoreApplication::sendEvent(entry, &leave);
+    moveThePointerAway(entry);
     EXPECT_FALSE(entry->isHovering());
     EXPECT_NE(groundColor(*entry), plain) << "as long as the popover is open";
     click(entry);
@@ -126,6 +135,20 @@ TEST_F(DevicesSubmenuTest, AClickElsewhereClosesThePopoverAndResetsTheFlag) {
     click(button(u"Refresh"_s));
     EXPECT_FALSE(entry->isPopoverPresented());
     EXPECT_EQ(made, QStringList{u"refresh"_s});
+}
+
+TEST_F(DevicesSubmenuTest, AfterAClickElsewhereItIsHighlightedUnderThePointerOnly) {
+    auto* entry = openList(test::numberedDevices(3));
+    moveThePointerOnto(entry);
+    click(button(u"Refresh"_s));
+    EXPECT_FALSE(entry->isPopoverPresented());
+    EXPECT_TRUE(entry->isHighlighted()) << "the pointer is still there";
+    moveThePointerAway(entry);
+    EXPECT_FALSE(entry->isHighlighted());
+    click(entry);
+    EXPECT_TRUE(entry->isHighlighted());
+    click(button(u"Refresh"_s));
+    EXPECT_FALSE(entry->isHighlighted());
 }
 
 TEST_F(DevicesSubmenuTest, TheOpenPopoverFollowsTheDevices) {
@@ -197,6 +220,26 @@ TEST_F(DevicesSubmenuTest, AThousandDevicesAllHaveRowsForAssistiveTechnology) {
     EXPECT_TRUE(test::waitUntil([&] { return deviceRow(*entry, 999) != nullptr; }));
     EXPECT_EQ(entry->list()->findChildren<DeviceRow*>().size(), 1000);
     QAccessible::setActive(false);
+}
+
+TEST_F(DevicesSubmenuTest, AThousandDevicesAreLookedThroughWithKeys) {
+    auto* entry = openList(test::numberedDevices(1000));
+    OverlayScrollArea* area = entry->list()->scrollArea();
+    ASSERT_TRUE(test::waitUntil([&] { return area->hasFocus(); }));
+    const auto isInSight = [&](qsizetype index) {
+        const DeviceRow* row = deviceRow(*entry, index);
+        return row != nullptr && area->viewport()->rect().contains(QRect(
+                                     row->mapTo(area->viewport(), QPoint(0, 0)), row->size()));
+    };
+    EXPECT_TRUE(isInSight(0));
+    QTest::keyClick(area, Qt::Key_PageDown);
+    EXPECT_FALSE(isInSight(0));
+    QTest::keyClick(area, Qt::Key_End);
+    EXPECT_TRUE(isInSight(999));
+    QTest::keyClick(area, Qt::Key_PageUp);
+    EXPECT_FALSE(isInSight(999));
+    QTest::keyClick(area, Qt::Key_Home);
+    EXPECT_TRUE(isInSight(0));
 }
 
 } // namespace
