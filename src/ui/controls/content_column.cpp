@@ -2,6 +2,7 @@
 #include "ui/controls/content_column.h"
 
 #include "ui/style/colors.h"
+#include "ui/style/row_painting.h"
 
 #include <QPainter>
 
@@ -31,12 +32,10 @@ Divider::Divider(int padding, QWidget* parent) : QWidget(parent) {
 void Divider::paintEvent(QPaintEvent*) {
     // Of one thickness at every scale: a point that is no whole number of pixels would be rounded
     // differently here and there.
-    const qreal ratio = devicePixelRatioF();
-    const int above = mapTo(window(), QPoint(0, 0)).y();
-    const int middle = above + height() / 2;
-    const qreal top = qRound(middle * ratio) / ratio - above;
-    const qreal thickness = std::max(1, qRound(ratio)) / ratio;
-    QPainter(this).fillRect(QRectF(0, top, width(), thickness), dividerColor(palette()));
+    QPainter painter(this);
+    const double top = wholePixels(painter, QRectF(0, height() / 2, 1, 1)).top();
+    const QRectF line(0, top, width(), wholePixelLine(painter, 1));
+    painter.fillRect(line, dividerColor(palette()));
 }
 
 ContentColumn::ContentColumn(const QMargins& margins, int spacing, QWidget* parent)

@@ -65,6 +65,11 @@ FormButton::Look FormButton::look() const {
             isEnabled() ? text : withOpacity(text, disabledOpacity)};
 }
 
+void FormButton::focusInEvent(QFocusEvent* event) {
+    showsFocusRing_ = marksFocus(*this, *event, showsFocusRing_);
+    QPushButton::focusInEvent(event);
+}
+
 void FormButton::keyPressEvent(QKeyEvent* event) {
     if (!isRepeatedPress(*event))
         QPushButton::keyPressEvent(event);
@@ -82,15 +87,11 @@ void FormButton::paintEvent(QPaintEvent* event) {
     }
     const Look colors = look();
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF frame = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
-    painter.setPen(colors.edge);
-    painter.setBrush(colors.background);
-    painter.drawRoundedRect(frame, radius, radius);
-    if (hasFocus()) { // inside, where the contrast is known
-        painter.setPen(QPen(colors.title, 1));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(frame.adjusted(2, 2, -2, -2), radius - 2, radius - 2);
+    paintFrame(painter, rect(), radius, colors.edge, 1, colors.background);
+    if (hasFocus() && showsFocusRing_) { // inside, where the contrast is known
+        const double inset = wholePixelLine(painter, 2);
+        paintFrame(painter, QRectF(rect()).adjusted(inset, inset, -inset, -inset), radius - 2,
+                   colors.title, 1);
     }
     painter.setPen(colors.title);
     painter.drawText(rect(), Qt::AlignCenter, text());

@@ -18,6 +18,7 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -33,6 +34,7 @@ private:
     bool isDrawnByStyle() const;
 
     Prominence prominence_;
+    bool showsFocusRing_ = false;
 };
 
 } // namespace tarnwick

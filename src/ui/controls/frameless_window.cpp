@@ -5,6 +5,7 @@
 #include "ui/controls/font_change_forwarder.h"
 #include "ui/controls/keyboard.h"
 #include "ui/style/colors.h"
+#include "ui/style/row_painting.h"
 
 #include <QAccessibleWidget>
 #include <QBackingStore>
@@ -160,7 +161,7 @@ void FramelessWindow::paintEvent(QPaintEvent* event) {
     painter.fillPath(outline_, backgroundColor(palette()));
     // The outer half of this line is clipped away.
     painter.setClipPath(outline_);
-    painter.strokePath(outline_, QPen(borderColor(palette()), 2));
+    painter.strokePath(outline_, QPen(borderColor(palette()), 2 * wholePixelLine(painter, 1)));
 }
 
 void FramelessWindow::hideEvent(QHideEvent* event) {

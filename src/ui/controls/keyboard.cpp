@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/keyboard.h"
 
+#include "ui/style/row_painting.h"
+
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFocusEvent>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScrollArea>
 #include <QWidget>
 
@@ -49,6 +53,15 @@ bool pressesSomething(const QObject* target, const QKeyEvent& event) {
 bool isKeyboardReason(Qt::FocusReason reason) {
     return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
            reason == Qt::ShortcutFocusReason;
+}
+
+bool marksFocus(const QWidget& control, const QFocusEvent& event, bool before) {
+    // A dialog that opens pretends to its default button that a Tab came.
+    const bool isPretended = !control.hasFocus();
+    // A window that becomes active again restores its focus; the mark stays as it was.
+    const bool isRestored =
+        event.reason() == Qt::ActiveWindowFocusReason || event.reason() == Qt::PopupFocusReason;
+    return isPretended || isRestored ? before : isKeyboardReason(event.reason());
 }
 
 bool isRepeatedPress(const QKeyEvent& event) {
@@ -112,6 +125,59 @@ bool HeldKeyFilter::eventFilter(QObject* watched, QEvent* event) {
     const bool isSynthetic = keyEvent.timestamp() == 0;
     return !isSynthetic && keyEvent.timestamp() == lastRelease_ &&
            pressesSomething(watched, keyEvent);
+}
+
+FocusRing::FocusRing(QWidget* control, int distance)
+    : QWidget(control), control_(control), distance_(distance) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    hide();
+    control->installEventFilter(this);
+    // While it is shown it is the window's child, so that it may lie around the control.
+    QObject::connect(control, &QObject::destroyed, this, &QObject::deleteLater);
+}
+
+bool FocusRing::eventFilter(QObject*, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+        review(*static_cast<const QFocusEvent*>(event));
+        break;
+    case QEvent::Move:
+    case QEvent::Resize:
+        if (isVisible())
+            place();
+        break;
+    default:
+        break;
+    }
+    return false;
+}
+
+void FocusRing::review(const QFocusEvent& event) {
+    if (event.gotFocus())
+        isMarked_ = marksFocus(*control_, event, isMarked_);
+    const bool isShown = event.gotFocus() && isMarked_;
+    if (isShown)
+        place();
+    setVisible(isShown);
+}
+
+void FocusRing::place() {
+    constexpr int ringRoom = 4; // what paintFocusRing() leaves free, and the ring
+    const int outset = distance_ + ringRoom;
+    QWidget* window = control_->window();
+    const bool wasVisible = isVisible();
+    if (parentWidget() != window)
+        setParent(window);
+    setGeometry(QRect(control_->mapTo(window, QPoint(0, 0)), control_->size())
+                    .adjusted(-outset, -outset, outset, outset));
+    raise();
+    setVisible(wasVisible);
+}
+
+void FocusRing::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    paintFocusRing(painter, rect(), palette());
 }
 
 } // namespace tarnwick

@@ -4,6 +4,7 @@
 #include <QObject>
 #include <Qt>
 
+class QFocusEvent;
 class QKeyEvent;
 class QWidget;
 
@@ -11,6 +12,10 @@ namespace tarnwick {
 
 /// Whether the keyboard moved the focus, which must be visible then.
 bool isKeyboardReason(Qt::FocusReason reason);
+
+/// Whether `control` marks its focus from this event on, given whether it did `before`: after the
+/// keyboard moved it there, never after a click.
+bool marksFocus(const QWidget& control, const QFocusEvent& event, bool before);
 
 /// Whether this is a repetition of a held Return, Enter or Space. Controls ignore those: a press
 /// calls once, and the press that opened a popover or a window presses nothing in it.
@@ -41,6 +46,29 @@ protected:
 
 private:
     quint64 lastRelease_ = 0; ///< When the last key was released, in the window system's time.
+};
+
+/// The focus ring of a control that scrolls what is in it and so cannot paint one over that itself.
+/// Shown while the control has the focus, if the keyboard moved it there.
+class FocusRing : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `distance` is the room between control and ring, in device-independent pixels; a negative
+    /// one puts the ring inside. It belongs to the control.
+    FocusRing(QWidget* control, int distance);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void review(const QFocusEvent& event);
+    void place();
+
+    QWidget* control_;
+    int distance_;
+    bool isMarked_ = false;
 };
 
 } // namespace tarnwick

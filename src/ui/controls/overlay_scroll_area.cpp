@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/overlay_scroll_area.h"
 
+#include "ui/controls/keyboard.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -90,6 +92,8 @@ OverlayScrollArea::OverlayScrollArea(QWidget* parent)
     setWidgetResizable(true);
     setFocusPolicy(Qt::NoFocus);
     viewport()->setAutoFillBackground(false);
+    constexpr int inside = -4; // the area reaches to the edges of its window
+    new FocusRing(this, inside);
 }
 
 void OverlayScrollArea::setContents(QWidget* contents) {

@@ -2,6 +2,7 @@
 #include "ui/controls/rounded_field.h"
 
 #include "model/display_text.h"
+#include "ui/controls/keyboard.h"
 #include "ui/style/colors.h"
 #include "ui/style/row_painting.h"
 #include "ui/style/text_style.h"
@@ -51,15 +52,19 @@ QSize RoundedField::minimumSizeHint() const {
     return {QLineEdit::minimumSizeHint().width(), controlHeight()};
 }
 
+void RoundedField::focusInEvent(QFocusEvent* event) {
+    showsFocusRing_ = marksFocus(*this, *event, showsFocusRing_);
+    QLineEdit::focusInEvent(event);
+}
+
 void RoundedField::paintEvent(QPaintEvent* event) {
     {
         QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        const double line = hasFocus() ? 2 : 1;
-        const QRectF frame = QRectF(rect()).adjusted(line / 2, line / 2, -line / 2, -line / 2);
-        painter.setPen(QPen(hasFocus() ? focusColor(palette()) : borderColor(palette()), line));
-        painter.setBrush(QApplication::palette(this).color(QPalette::Base));
-        painter.drawRoundedRect(frame, frameRadius, frameRadius);
+        // A click marks by the line's colour, with no ring, where the keys go.
+        const double line = hasFocus() && showsFocusRing_ ? 2 : 1;
+        paintFrame(painter, rect(), frameRadius,
+                   hasFocus() ? focusColor(palette()) : borderColor(palette()), line,
+                   QApplication::palette(this).color(QPalette::Base));
     }
     QLineEdit::paintEvent(event);
 }

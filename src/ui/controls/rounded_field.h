@@ -21,7 +21,11 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    bool showsFocusRing_ = false;
 };
 
 } // namespace tarnwick

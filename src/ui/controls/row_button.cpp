@@ -78,9 +78,7 @@ void RowButton::keyPressEvent(QKeyEvent* event) {
 }
 
 void RowButton::focusInEvent(QFocusEvent* event) {
-    // A window that becomes active again restores its focus; the ring stays as it was.
-    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason)
-        showsFocusRing_ = isKeyboardReason(event->reason());
+    showsFocusRing_ = marksFocus(*this, *event, showsFocusRing_);
     if (showsFocusRing_)
         scrollIntoView(this);
     QAbstractButton::focusInEvent(event);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/scrolling_text.h"
 
+#include "ui/controls/keyboard.h"
+
 #include <QScrollBar>
 
 namespace tarnwick {
@@ -20,6 +22,8 @@ ScrollingText::ScrollingText(const TextLook& look, ThemeColor color, QWidget* pa
     viewport()->setAutoFillBackground(false);
     setWidget(label_);
     label_->setAutoFillBackground(false); // setWidget() switches it on
+    constexpr int distance = 2;
+    new FocusRing(this, distance);
 }
 
 void ScrollingText::setText(const QString& text) {

@@ -8,9 +8,11 @@
 #include <QPainter>
 #include <QPalette>
 #include <QStyle>
+#include <QTransform>
 #include <QWidget>
 
 #include <algorithm>
+#include <cmath>
 
 namespace tarnwick {
 
@@ -56,6 +58,32 @@ int textAdvance(const QFont& font, const QString& text) {
     return qCeil(QFontMetricsF(font).horizontalAdvance(text));
 }
 
+QRectF wholePixels(const QPainter& painter, const QRectF& rect) {
+    const QTransform toPixels = painter.deviceTransform();
+    const QRectF pixels = toPixels.mapRect(rect);
+    const QPointF topLeft(std::round(pixels.left()), std::round(pixels.top()));
+    const QPointF bottomRight(std::round(pixels.right()), std::round(pixels.bottom()));
+    return toPixels.inverted().mapRect(QRectF(topLeft, bottomRight));
+}
+
+double wholePixelLine(const QPainter& painter, double thickness) {
+    const double scale = painter.deviceTransform().m22();
+    return std::max(1.0, std::round(thickness * scale)) / scale;
+}
+
+void paintFrame(QPainter& painter, const QRectF& rect, double radius, const QColor& line,
+                double thickness, const QBrush& filling) {
+    const double width = wholePixelLine(painter, thickness);
+    const QRectF middle =
+        wholePixels(painter, rect).adjusted(width / 2, width / 2, -width / 2, -width / 2);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(line, width));
+    painter.setBrush(filling);
+    painter.drawRoundedRect(middle, radius, radius);
+    painter.restore();
+}
+
 void paintLine(QPainter& painter, const QRect& rect, const QString& text, Qt::TextElideMode mode,
                Qt::LayoutDirection layoutDirection) {
     const QString shown = QFontMetricsF(painter.font()).elidedText(text, mode, rect.width() + 0.5);
@@ -69,19 +97,16 @@ void paintHighlight(QPainter& painter, const QRect& rect, const QPalette& palett
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(highlightColor(palette));
-    painter.drawRoundedRect(rect.adjusted(highlightInset, 0, -highlightInset, 0), cornerRadius,
-                            cornerRadius);
+    painter.drawRoundedRect(
+        wholePixels(painter, rect.adjusted(highlightInset, 0, -highlightInset, 0)), cornerRadius,
+        cornerRadius);
 }
 
 void paintFocusRing(QPainter& painter, const QRect& rect, const QPalette& palette) {
-    constexpr double inset = 2; // keeps clear of the panel's border
+    constexpr int inset = 2; // keeps clear of the panel's border
     constexpr double width = 2;
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(focusColor(palette), width));
-    painter.setBrush(Qt::NoBrush);
-    const double edge = inset + width / 2;
-    painter.drawRoundedRect(QRectF(rect).adjusted(edge, edge, -edge, -edge), cornerRadius,
-                            cornerRadius);
+    paintFrame(painter, rect.adjusted(inset, inset, -inset, -inset), cornerRadius,
+               focusColor(palette), width);
 }
 
 int RowGeometry::rowHeight() const {

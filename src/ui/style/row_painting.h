@@ -3,6 +3,7 @@
 
 #include "ui/style/text_style.h"
 
+#include <QBrush>
 #include <QRect>
 #include <QString>
 
@@ -29,6 +30,19 @@ int lineHeight(const TextLook& look);
 
 /// Width of a line of text, rounded up so that it is not elided for a fraction of a pixel.
 int textAdvance(const QFont& font, const QString& text);
+
+// At a fractional scale the edges of widgets and lines lie between pixels, and would be painted
+// blurred.
+
+/// `rect` with each edge moved to the nearest edge of a pixel.
+QRectF wholePixels(const QPainter& painter, const QRectF& rect);
+
+/// The thickness of a line rounded to whole pixels, of which it is at least one.
+double wholePixelLine(const QPainter& painter, double thickness);
+
+/// Paints a rounded frame just inside `rect`, of lines that are whole pixels, over `filling`.
+void paintFrame(QPainter& painter, const QRectF& rect, double radius, const QColor& line,
+                double thickness, const QBrush& filling = Qt::NoBrush);
 
 /// Paints one line at the leading edge, vertically centred, elided if it does not fit. Its own
 /// direction follows its letters, so that a name reads correctly in any layout.
