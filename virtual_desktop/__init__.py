@@ -12,9 +12,10 @@ display. Every wait is bounded, and every process is ended by its id, also when 
 """
 
 from virtual_desktop.desktop import PANEL_WIDTH, Desktop, bin_dir
+from virtual_desktop.film import Film
 from virtual_desktop.process import Process
 from virtual_desktop.screen import Rect, Screen
 from virtual_desktop.waiting import TIME_LIMIT, comes, stays, wait_until
 
-__all__ = ["PANEL_WIDTH", "TIME_LIMIT", "Desktop", "Process", "Rect", "Screen", "bin_dir", "comes",
-           "stays", "wait_until"]
+__all__ = ["PANEL_WIDTH", "TIME_LIMIT", "Desktop", "Film", "Process", "Rect", "Screen", "bin_dir",
+           "comes", "stays", "wait_until"]

@@ -92,7 +92,7 @@ class Desktop(Screen):
             self.environment["DBUS_SESSION_BUS_ADDRESS"] = self.start_bus("session")
         self.environment["DBUS_SYSTEM_BUS_ADDRESS"] = self.start_bus("system")
         self.environment["DISPLAY"] = self.start_display(
-            "Xvfb", "-screen", "0", f"{self._size}x24", "-dpi", 96)
+            "Xvfb", "-screen", "0", f"{self._size}x24", "-dpi", 96, "-fbdir", self.directory)
         self.start_window_manager()
         if self._tray_edge:
             self.start_tray(self._tray_edge)

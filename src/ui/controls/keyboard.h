@@ -2,11 +2,10 @@
 #pragma once
 
 #include <QObject>
-#include <Qt>
+#include <QWidget>
 
 class QFocusEvent;
 class QKeyEvent;
-class QWidget;
 
 namespace tarnwick {
 

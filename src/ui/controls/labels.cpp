@@ -61,6 +61,16 @@ void StyledLabel::setLook(const TextLook& look) {
     updateGeometry();
 }
 
+void StyledLabel::alignBaselines(StyledLabel& one, StyledLabel& other) {
+    const int lower = QFontMetrics(one.font()).ascent() - QFontMetrics(other.font()).ascent();
+    one.setContentsMargins(0, std::max(0, -lower), 0, 0);
+    other.setContentsMargins(0, std::max(0, lower), 0, 0);
+    for (StyledLabel* label : {&one, &other}) {
+        label->setAlignment((label->alignment() & ~Qt::AlignVertical_Mask) | Qt::AlignTop);
+        label->updateGeometry();
+    }
+}
+
 void StyledLabel::setColor(ThemeColor color) {
     if (color == color_)
         return;
@@ -107,11 +117,11 @@ void ElidedLabel::setElideMode(Qt::TextElideMode mode) {
 }
 
 QSize ElidedLabel::sizeHint() const {
-    return {textAdvance(font(), text()), QFontMetrics(font()).height()};
+    return {textAdvance(font(), text()), QFontMetrics(font()).height() + contentsMargins().top()};
 }
 
 QSize ElidedLabel::minimumSizeHint() const {
-    return {0, QFontMetrics(font()).height()};
+    return {0, sizeHint().height()};
 }
 
 void ElidedLabel::showContent() {
@@ -129,7 +139,8 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setFont(font());
     painter.setPen(textColor());
-    paintLine(painter, rect(), text(), mode_, layoutDirection());
+    paintLine(painter, contentsRect(), text(), mode_, layoutDirection(),
+              alignment() & Qt::AlignVertical_Mask);
 }
 
 SelectableLabel::SelectableLabel(const TextLook& look, QWidget* parent)
@@ -141,11 +152,13 @@ SelectableLabel::SelectableLabel(const TextLook& look, QWidget* parent)
 }
 
 QSize SelectableLabel::sizeHint() const {
-    return {textAdvance(font(), line_) + 1, QFontMetrics(font()).height()}; // 1 for the text cursor
+    // 1 for the text cursor
+    return {textAdvance(font(), line_) + 1,
+            QFontMetrics(font()).height() + contentsMargins().top()};
 }
 
 QSize SelectableLabel::minimumSizeHint() const {
-    return {0, QFontMetrics(font()).height()};
+    return {0, sizeHint().height()};
 }
 
 void SelectableLabel::showContent() {

@@ -19,6 +19,10 @@ public:
     void setLook(const TextLook& look);
     void setColor(ThemeColor color);
 
+    /// Lets labels of one line each share a baseline where their tops are at the same height; to be
+    /// repeated when the font changes.
+    static void alignBaselines(StyledLabel& one, StyledLabel& other);
+
     const TextLook& look() const { return look_; }
 
     ThemeColor color() const { return color_; }

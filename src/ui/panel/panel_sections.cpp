@@ -99,11 +99,25 @@ void InfoView::makeRow(const PanelContent::InfoRow& row) {
         value = new ElidedLabel(valueLook, ThemeColor::Label, this);
     auto* line = new QHBoxLayout;
     line->setSpacing(8);
-    line->addWidget(label);
+    line->addWidget(label, 0, Qt::AlignTop);
     line->addStretch(1);
-    line->addWidget(value);
+    line->addWidget(value, 0, Qt::AlignTop);
     column_->addLayout(line);
+    labels_.append(label);
     values_.append(value);
+    StyledLabel::alignBaselines(*label, *value);
+}
+
+bool InfoView::event(QEvent* event) {
+    // Queued, because the labels may get the event after this view.
+    if (event->type() == QEvent::ApplicationFontChange)
+        QMetaObject::invokeMethod(this, &InfoView::alignRows, Qt::QueuedConnection);
+    return QWidget::event(event);
+}
+
+void InfoView::alignRows() {
+    for (qsizetype i = 0; i < values_.size(); ++i)
+        StyledLabel::alignBaselines(*labels_[i], *values_[i]);
 }
 
 ErrorView::ErrorView(QWidget* parent)

@@ -70,11 +70,15 @@ public:
 
     const StyledLabel& value(qsizetype row) const { return *values_[row]; }
 
+protected:
+    bool event(QEvent* event) override;
+
 private:
     void makeRow(const PanelContent::InfoRow& row);
+    void alignRows();
 
     QVBoxLayout* column_;
-    QList<PanelContent::InfoRow> rows_;
+    QList<StyledLabel*> labels_;
     QList<StyledLabel*> values_;
 };
 

@@ -85,12 +85,11 @@ void paintFrame(QPainter& painter, const QRectF& rect, double radius, const QCol
 }
 
 void paintLine(QPainter& painter, const QRect& rect, const QString& text, Qt::TextElideMode mode,
-               Qt::LayoutDirection layoutDirection) {
+               Qt::LayoutDirection layoutDirection, Qt::Alignment vertical) {
     const QString shown = QFontMetricsF(painter.font()).elidedText(text, mode, rect.width() + 0.5);
     const Qt::Alignment leading = QStyle::visualAlignment(layoutDirection, Qt::AlignLeft);
     painter.setLayoutDirection(Qt::LayoutDirectionAuto);
-    painter.drawText(rect, int(leading | Qt::AlignAbsolute | Qt::AlignVCenter) | Qt::TextSingleLine,
-                     shown);
+    painter.drawText(rect, int(leading | Qt::AlignAbsolute | vertical) | Qt::TextSingleLine, shown);
 }
 
 void paintHighlight(QPainter& painter, const QRect& rect, const QPalette& palette) {

@@ -44,10 +44,10 @@ double wholePixelLine(const QPainter& painter, double thickness);
 void paintFrame(QPainter& painter, const QRectF& rect, double radius, const QColor& line,
                 double thickness, const QBrush& filling = Qt::NoBrush);
 
-/// Paints one line at the leading edge, vertically centred, elided if it does not fit. Its own
+/// Paints one line at the leading edge, elided if it does not fit. Its own
 /// direction follows its letters, so that a name reads correctly in any layout.
 void paintLine(QPainter& painter, const QRect& rect, const QString& text, Qt::TextElideMode mode,
-               Qt::LayoutDirection layoutDirection);
+               Qt::LayoutDirection layoutDirection, Qt::Alignment vertical = Qt::AlignVCenter);
 
 /// Paints the background of a highlighted row.
 void paintHighlight(QPainter& painter, const QRect& rect, const QPalette& palette);

@@ -11,7 +11,18 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-class Appearance : public test::PanelOnScreen {};
+class Appearance : public test::PanelOnScreen {
+protected:
+    /// The lowest row of pixels there with something clearly painted on white.
+    static int lastInkedRow(const QImage& image, const QRect& part) {
+        constexpr int clearly = 150;
+        for (int y = part.bottom(); y >= part.top(); --y)
+            for (int x = part.left(); x <= part.right(); ++x)
+                if (qGray(image.pixel(x, y)) <= clearly)
+                    return y;
+        return -1;
+    }
+};
 
 TEST_F(Appearance, RightToLeftLayoutsMirror) {
     QApplication::setLayoutDirection(Qt::RightToLeft);
@@ -70,6 +81,24 @@ TEST_F(Appearance, CountSharesTheBaselineOfItsTitle) {
     EXPECT_EQ(entry->count().y(), 0);
     EXPECT_EQ(entry->count().height(), entry->height());
     EXPECT_EQ(entry->count().look(), TextLook{TextStyle::Caption});
+}
+
+TEST_F(Appearance, AddressSharesTheBaselineOfItsLabel) {
+    DaemonState state = test::connectedState();
+    state.ipAddress = u"111.111.1.1"_s; // no digit that reaches below the line
+    open(state);
+    auto* info = find<InfoView>();
+    for (const int scale : {1, 2, 3}) {
+        QImage image(info->size() * scale, QImage::Format_RGB32);
+        image.setDevicePixelRatio(scale);
+        image.fill(Qt::white);
+        info->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+        const int middle = image.width() / 2;
+        const int end = (info->value(0).geometry().bottom() + 2) * scale;
+        EXPECT_EQ(lastInkedRow(image, QRect(0, 0, middle, end)),
+                  lastInkedRow(image, QRect(middle, 0, middle, end)))
+            << "at scale " << scale;
+    }
 }
 
 TEST_F(Appearance, HighlightKeepsClearOfThePanelsEdges) {
