@@ -1,21 +1,27 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/embedded_icon_linux.h"
 
+#include "desktop/tray_icon.h"
 #include "desktop/x11_linux.h"
 
+#include <QCursor>
+#include <QEvent>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QScreen>
 #include <QSurfaceFormat>
+#include <QToolTip>
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace tarnwick {
 
 namespace {
 
-constexpr QSize wantedSize(22, 22); // trays make it as large as the others
+constexpr QSize wantedSize(22, 22);                         // trays make it as large as the others
+constexpr std::chrono::milliseconds restBeforeToolTip{700}; // as widgets have it
 
 } // namespace
 
@@ -27,7 +33,11 @@ EmbeddedIcon::EmbeddedIcon(X11Tray& tray, QIcon picture, Clicked clicked)
     translucent.setAlphaBufferSize(8);
     setFormat(translucent);
     setFlags(Qt::FramelessWindowHint | Qt::BypassWindowManagerHint);
-    setTitle(QStringLiteral("Tarnwick Network"));
+    setStatusLabel({});
+    toolTipDelay_.setSingleShot(true);
+    toolTipDelay_.setInterval(restBeforeToolTip);
+    QObject::connect(&toolTipDelay_, &QTimer::timeout, this,
+                     [this] { QToolTip::showText(QCursor::pos(), title()); });
     setMinimumSize(wantedSize);
     resize(wantedSize);
     show(); // first, since the tray reads what size is wanted
@@ -41,6 +51,21 @@ std::optional<QRect> EmbeddedIcon::geometryInTray() const {
         return screen->geometry().contains(rect.center());
     });
     return isShown ? std::optional(rect) : std::nullopt;
+}
+
+// The title is what trays and screen readers get of it.
+void EmbeddedIcon::setStatusLabel(const QString& label) {
+    setTitle(TrayIcon::toolTip(label));
+}
+
+bool EmbeddedIcon::event(QEvent* event) {
+    if (event->type() == QEvent::Enter) {
+        toolTipDelay_.start();
+    } else if (event->type() == QEvent::Leave || event->type() == QEvent::MouseButtonPress) {
+        toolTipDelay_.stop();
+        QToolTip::hideText();
+    }
+    return QRasterWindow::event(event);
 }
 
 void EmbeddedIcon::paintEvent(QPaintEvent*) {

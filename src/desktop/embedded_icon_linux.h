@@ -5,6 +5,7 @@
 
 #include <QIcon>
 #include <QRasterWindow>
+#include <QTimer>
 
 #include <functional>
 #include <optional>
@@ -27,13 +28,18 @@ public:
     /// Where the tray shows it, in device-independent pixels; none before it does.
     std::optional<QRect> geometryInTray() const;
 
+    /// Sets what the tooltip says besides the program's name.
+    void setStatusLabel(const QString& label);
+
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
     const QIcon picture_;
     const Clicked clicked_;
+    QTimer toolTipDelay_; ///< Runs while the pointer rests on the icon.
 };
 
 } // namespace tarnwick

@@ -60,6 +60,8 @@ public:
             item_->setStatusLabel(label);
         if (trayIcon_)
             trayIcon_->setStatusLabel(label);
+        if (embeddedIcon_)
+            embeddedIcon_->setStatusLabel(label);
     }
 
     std::optional<QRect> geometry() const {
@@ -129,6 +131,7 @@ private:
             return;
         embeddedIcon_ = std::make_unique<EmbeddedIcon>(
             xTray_, picture_, [this](const IconClick& click) { Q_EMIT area_.iconClicked(click); });
+        embeddedIcon_->setStatusLabel(statusLabel_);
         Q_EMIT area_.iconShown();
     }
 

@@ -35,10 +35,13 @@ void TrayIcon::showMessage(const QString& text) {
     icon_.showMessage(u"Tarnwick Network"_s, text, QSystemTrayIcon::Warning);
 }
 
-// Status areas offer no text but this one to a screen reader.
-void TrayIcon::setStatusLabel(const QString& label) {
+QString TrayIcon::toolTip(const QString& statusLabel) {
     const QString name = u"Tarnwick Network"_s;
-    icon_.setToolTip(label.isEmpty() ? name : name + u": "_s + label);
+    return statusLabel.isEmpty() ? name : name + u": "_s + statusLabel;
+}
+
+void TrayIcon::setStatusLabel(const QString& label) {
+    icon_.setToolTip(toolTip(label));
 }
 
 void TrayIcon::forwardTo(StatusArea& area) {

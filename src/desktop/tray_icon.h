@@ -33,6 +33,9 @@ public:
     /// Shows a notification that comes from the icon.
     void showMessage(const QString& text);
 
+    /// What an icon says when the pointer rests on it, and to screen readers.
+    static QString toolTip(const QString& statusLabel);
+
     /// Sets what the tooltip says besides the program's name.
     void setStatusLabel(const QString& label);
 
