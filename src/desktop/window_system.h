@@ -32,6 +32,9 @@ void declareShadow(QWindow& window, const QMargins& margins, const QPainterPath&
 /// none comes or goes.
 std::unique_ptr<QObject> watchCompositor(std::function<void()> changed);
 
+/// Sets whether task bars and window switchers leave the window out, from when it is next shown.
+void setLeftOutOfTaskBars(QWindow& window, bool isLeftOut);
+
 /// Calls `clicked` whenever the empty desktop is clicked, as long as the result exists. Null where
 /// such a click takes the focus, so that the active window knows of it anyhow.
 std::unique_ptr<QObject> watchDesktopClicks(std::function<void()> clicked);

@@ -19,6 +19,8 @@ std::unique_ptr<QObject> watchCompositor(std::function<void()>) {
     return nullptr;
 }
 
+void setLeftOutOfTaskBars(QWindow&, bool) {}
+
 std::unique_ptr<QObject> watchDesktopClicks(std::function<void()>) {
     return nullptr;
 }

@@ -137,6 +137,16 @@ std::unique_ptr<QObject> watchCompositor(std::function<void()> changed) {
     return std::make_unique<X11CompositorWatch>(std::move(changed));
 }
 
+void setLeftOutOfTaskBars(QWindow& window, bool isLeftOut) {
+    X11Display display;
+    if (!display.exists())
+        return;
+    std::vector<QByteArray> states;
+    if (isLeftOut)
+        states = {"_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"};
+    display.setNames(static_cast<std::uint32_t>(window.winId()), "_NET_WM_STATE", states);
+}
+
 std::unique_ptr<QObject> watchDesktopClicks(std::function<void()> clicked) {
     if (!isGnome(QProcessEnvironment::systemEnvironment()) || !X11Display().exists())
         return nullptr;

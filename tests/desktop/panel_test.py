@@ -51,6 +51,13 @@ class PanelOpensAndCloses(unittest.TestCase):
         wait_until(lambda: self.desktop.active_window() in self.desktop.windows(self.client),
                    "the focus")
 
+    def test_task_bars_and_pagers_leave_it_out(self):
+        (window,) = (name for name, rect in self.desktop.windows(self.client).items()
+                     if rect == self.panel)
+        states = self.desktop.run("xprop", "-id", window, "_NET_WM_STATE")
+        for state in ("SKIP_TASKBAR", "SKIP_PAGER"):
+            self.assertIn(state, states)
+
 
 class PanelIsPlacedBesideTheIcon(unittest.TestCase):
     def check(self, edge, align, beside):

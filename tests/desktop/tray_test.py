@@ -267,8 +267,8 @@ class GnomeStatusArea(unittest.TestCase):
         self.desktop = self.enterContext(Desktop())
         self.address = self.desktop.environment["DBUS_SESSION_BUS_ADDRESS"]
 
-    def start_client(self):
-        return self.desktop.start_client(environment={"XDG_CURRENT_DESKTOP": "ubuntu:GNOME"})
+    def start_client(self, **options):
+        return self.desktop.start_client(environment={"XDG_CURRENT_DESKTOP": "ubuntu:GNOME"}, **options)
 
     def check_clicks(self, client):
         icon = self.desktop.wait_for_icon(client)
@@ -296,6 +296,22 @@ class GnomeStatusArea(unittest.TestCase):
                 self.assertGreater(lightest - darkest, 0.6)
                 client.stop()
                 self.desktop.stop_tray()
+
+    def test_its_tooltip_and_its_name_have_the_state(self):
+        self.desktop.start_tray()
+        with StatusNotifierHost(self.address):
+            program = self.desktop.copy_client(
+                '#!/bin/sh\necho \'{"BackendState": "NeedsLogin"}\'\n')
+            client = self.start_client(program=program)
+            self.desktop.wait_for_icon(client)
+            (window,) = self.desktop.windows(client)
+            wait_until(lambda: '"Tarnwick Network: Needs Login"' in self.desktop.run(
+                "xprop", "-id", window, "_NET_WM_NAME"), "the state in the icon's name")
+            self.desktop.move_mouse(self.desktop.wait_for_icon(client).center)
+            wait_until(lambda: self.desktop.find_window(client, lambda rect: rect.width > 64),
+                       "the tooltip")
+            self.desktop.move_mouse((640, 400))
+            wait_until(lambda: len(self.desktop.windows(client)) == 1, "the tooltip to go")
 
     def test_a_click_on_the_empty_desktop_closes_the_panel_as_one_on_another_window_does(self):
         rules = self.desktop.directory / "rc.xml"
@@ -338,6 +354,9 @@ class NoStatusArea(unittest.TestCase):
         window = next(iter(desktop.windows(client)))
         frame = desktop.run("xprop", "-id", window, "_NET_FRAME_EXTENTS").split("=")[1]
         self.assertGreater(int(frame.split(",")[2]), 8, "the title bar")
+        self.assertNotIn("SKIP", desktop.run("xprop", "-id", window, "_NET_WM_STATE"))
+        self.assertRegex(desktop.run("xprop", "-id", window, "WM_NORMAL_HINTS"),
+                         r"minimum size: (\d+ by \d+)\s+.*maximum size: \1")
         self.assertEqual(client.output(), "")
         return client, panel
 

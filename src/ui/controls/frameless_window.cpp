@@ -52,6 +52,9 @@ void FramelessWindow::setVisible(bool visible) {
         updateShadow(); // a compositor may have started or ended
         isFirstFrame_ = true;
         compositorWatch_ = watchCompositor([this] { updateShadow(); });
+        if (windowHandle() == nullptr)
+            create(); // winId() would make a window of each control of the parent as well
+        setLeftOutOfTaskBars(*windowHandle(), windowFlags().testFlag(Qt::FramelessWindowHint));
     }
     QWidget::setVisible(visible);
 }
@@ -113,8 +116,7 @@ void FramelessWindow::declareShape() {
     hasDeclaredShadow_ = !shadowMargins_.isNull();
     if (!hasDeclaredShadow_ && !hadShadow)
         return;
-    // The system's window has to know before it is shown. winId() would make one of each control of
-    // the parent as well.
+    // The system's window has to know before it is shown.
     if (windowHandle() == nullptr)
         create();
     constexpr int anySize = 16'000;

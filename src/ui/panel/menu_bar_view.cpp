@@ -86,14 +86,14 @@ void MenuBarView::openAs(Qt::WindowFlags newFlags, const QPoint& topLeft) {
     const QRect available = screen->availableGeometry();
     growsUpwards_ = available.bottom() - opened.bottom() < opened.top() - available.top();
     lastActive_ = this;
-    setVisibleGeometry(opened);
+    setPlace(opened);
     showInFront();
 }
 
 void MenuBarView::setVisible(bool visible) {
     if (visible && !isVisible()) {
         render(); // the first frame must be up to date
-        setVisibleGeometry({visibleGeometry().topLeft(), panelSize()});
+        setPlace({visibleGeometry().topLeft(), panelSize()});
     }
     FramelessWindow::setVisible(visible);
 }
@@ -130,7 +130,14 @@ void MenuBarView::fitHeight() {
     const QRect available = screen()->availableGeometry();
     fitted.moveTop(
         std::max(available.top(), std::min(fitted.top(), available.bottom() + 1 - newHeight)));
-    setVisibleGeometry(fitted);
+    setPlace(fitted);
+}
+
+void MenuBarView::setPlace(const QRect& geometry) {
+    // Tiling window managers stretch windows that can be resized.
+    setMinimumHeight(isOrdinaryWindow() ? geometry.height() : 0);
+    setMaximumHeight(isOrdinaryWindow() ? geometry.height() : QWIDGETSIZE_MAX);
+    setVisibleGeometry(geometry);
 }
 
 bool MenuBarView::event(QEvent* event) {

@@ -73,6 +73,7 @@ private:
     void render();
     int fittingHeight() const;
     void fitHeight();
+    void setPlace(const QRect& geometry);
     void scheduleActivationReview();
     void reviewActivation();
     bool ownsWindow(const QWidget* window) const;
