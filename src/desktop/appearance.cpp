@@ -20,6 +20,10 @@ QString gnomeNamespace() {
     return u"org.gnome.desktop.interface"_s;
 }
 
+QString plasmaNamespace(const QString& group) {
+    return u"org.kde.kdeglobals."_s + group;
+}
+
 /// The value if it is of that type.
 template <typename T>
 std::optional<T> valueAs(const QVariant& value) {
@@ -105,6 +109,41 @@ std::optional<Appearance::Font> fontOf(const QVariant& value) {
     return Appearance::Font{family, *points};
 }
 
+/// Red, green and blue as Plasma writes them: "61,174,233".
+std::optional<QColor> plasmaColorOf(const QVariant& value) {
+    const QStringList channels = valueAs<QString>(value).value_or(QString()).split(u',');
+    std::array<int, 3> rgb{};
+    if (channels.size() != std::ssize(rgb))
+        return std::nullopt;
+    for (std::size_t i = 0; i < rgb.size(); ++i) {
+        bool isNumber = false;
+        rgb[i] = channels[qsizetype(i)].toInt(&isNumber);
+        if (!isNumber || rgb[i] < 0 || rgb[i] > 255)
+            return std::nullopt;
+    }
+    return QColor(rgb[0], rgb[1], rgb[2]);
+}
+
+/// Plasma's settings have no colours until the user has changed them once: they are Breeze's then.
+void takePlasmasColors(Appearance& appearance, const DesktopSettings& settings) {
+    const QVariantMap window = settings.value(plasmaNamespace(u"Colors:Window"_s));
+    if (window.isEmpty() && !settings.contains(plasmaNamespace(u"General"_s)))
+        return;
+    const auto background = plasmaColorOf(window.value(u"BackgroundNormal"_s));
+    const auto text = plasmaColorOf(window.value(u"ForegroundNormal"_s));
+    if (background && text)
+        appearance.colors = {*background, *text};
+    else if (appearance.scheme == Appearance::Scheme::Dark)
+        appearance.colors = {QColor(42, 46, 50), QColor(252, 252, 252)};
+    else
+        appearance.colors = {QColor(239, 240, 241), QColor(35, 38, 41)};
+    if (!appearance.accent)
+        appearance.accent =
+            plasmaColorOf(
+                settings.value(plasmaNamespace(u"Colors:Selection"_s)).value(u"BackgroundNormal"_s))
+                .value_or(QColor(61, 174, 233));
+}
+
 /// Whether Qt's theme of that name has palette and fonts from the desktop or from the user.
 bool isThemeOfTheDesktop(const QString& name) {
     static constexpr std::array others = {
@@ -129,15 +168,21 @@ Appearance Appearance::of(const DesktopSettings& settings) {
     appearance.textScale =
         within(valueAs<double>(gnome.value(u"text-scaling-factor"_s)), smallestScale, largestScale)
             .value_or(1);
+    takePlasmasColors(appearance, settings);
     return appearance;
 }
 
-QStringList appearanceNamespaces(const QProcessEnvironment& environment) {
+QStringList appearanceNamespaces(const QProcessEnvironment& environment, bool hasPlasmaPlugin) {
     const QString theme = environment.value(u"QT_QPA_PLATFORMTHEME"_s).section(u':', 0, 0);
     const QStringList desktops =
         environment.value(u"XDG_CURRENT_DESKTOP"_s).toUpper().split(u':', Qt::SkipEmptyParts);
     const bool isPlasma = desktops.isEmpty() ? environment.contains(u"KDE_FULL_SESSION"_s)
                                              : desktops.contains("KDE"_L1);
+    // Without it Qt reads Plasma's settings itself, but not the colours that are Plasma's when the
+    // user has chosen none, nor every change.
+    if (theme.isEmpty() && isPlasma && !hasPlasmaPlugin)
+        return {appearanceNamespace(), plasmaNamespace(u"General"_s),
+                plasmaNamespace(u"Colors:Window"_s), plasmaNamespace(u"Colors:Selection"_s)};
     if (theme.isEmpty() ? isPlasma : isThemeOfTheDesktop(theme))
         return {};
     // These keep their fonts elsewhere, and the portal reports GNOME's defaults.

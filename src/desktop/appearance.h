@@ -26,7 +26,15 @@ struct Appearance {
         bool operator==(const Font&) const = default;
     };
 
+    struct Colors {
+        QColor background;
+        QColor text;
+
+        bool operator==(const Colors&) const = default;
+    };
+
     Scheme scheme = Scheme::NoPreference;
+    std::optional<Colors> colors = std::nullopt; ///< Plasma's, which come before the scheme.
     bool hasHighContrast = false;
     std::optional<QColor> accent = std::nullopt;
     std::optional<Font> font = std::nullopt;
@@ -41,7 +49,7 @@ struct Appearance {
 };
 
 /// The namespaces of the settings portal that say how this session looks. None where Qt itself has
-/// it from the desktop.
-QStringList appearanceNamespaces(const QProcessEnvironment& environment);
+/// it from the desktop. `hasPlasmaPlugin`: whether Plasma's own plug-in for this Qt is installed.
+QStringList appearanceNamespaces(const QProcessEnvironment& environment, bool hasPlasmaPlugin);
 
 } // namespace tarnwick

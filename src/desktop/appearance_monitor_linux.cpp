@@ -4,6 +4,7 @@
 #include "desktop/x11_linux.h"
 #include "platform/logging.h"
 
+#include <QCoreApplication>
 #include <QDBusAbstractInterface>
 #include <QDBusArgument>
 #include <QDBusMessage>
@@ -11,7 +12,9 @@
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
 #include <QDebug>
+#include <QDir>
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -23,6 +26,20 @@ namespace {
 
 /// Calls wait without limit: a portal may be started late or hang, and its answer still counts.
 constexpr int withoutLimit = std::numeric_limits<int>::max();
+
+bool hasPlasmas(const QStringList& namespaces) {
+    return std::ranges::any_of(namespaces,
+                               [](const QString& name) { return name.startsWith("org.kde."_L1); });
+}
+
+bool hasPlasmaPlugin() {
+    const QStringList paths = QCoreApplication::libraryPaths();
+    return std::ranges::any_of(paths, [](const QString& path) {
+        return !QDir(path + u"/platformthemes"_s)
+                    .entryList({u"*KDEPlasmaPlatformTheme*"_s}, QDir::Files)
+                    .isEmpty();
+    });
+}
 
 /// The value in Qt's types. Some portals put variants into variants.
 QVariant plain(QVariant value) {
@@ -71,6 +88,7 @@ private:
     void read(const QDBusMessage& answer);
 
     const QStringList namespaces_;
+    const bool isPlasmas_; ///< It reports that its colours are others, but not which.
     DesktopSettings settings_;
     QDBusServiceWatcher presence_;
 };
@@ -79,7 +97,7 @@ SettingsPortal::SettingsPortal(const QDBusConnection& sessionBus, QStringList na
     : QDBusAbstractInterface(u"org.freedesktop.portal.Desktop"_s,
                              u"/org/freedesktop/portal/desktop"_s,
                              "org.freedesktop.portal.Settings", sessionBus, nullptr),
-      namespaces_(std::move(namespaces)),
+      namespaces_(std::move(namespaces)), isPlasmas_(hasPlasmas(namespaces_)),
       presence_(service(), sessionBus, QDBusServiceWatcher::WatchForRegistration) {
     // Or Qt drops the signal, whose types it looks up by name, until another call has made it
     // known.
@@ -91,6 +109,8 @@ SettingsPortal::SettingsPortal(const QDBusConnection& sessionBus, QStringList na
         [this](const QString& nameSpace, const QString& key, const QDBusVariant& value) {
             if (!namespaces_.contains(nameSpace))
                 return;
+            if (isPlasmas_)
+                return ask();
             settings_[nameSpace][key] = plain(value.variant());
             Q_EMIT changed();
         });
@@ -144,6 +164,8 @@ private:
 
     void report(const DesktopSettings& settings) {
         Appearance appearance = Appearance::of(settings);
+        if (hasPlasmas(namespaces_) && !appearance.colors)
+            appearance = {}; // another desktop's portal
         // There Qt scales everything by it already, texts included.
         if (X11Display().hasResolutionOfTexts())
             appearance.textScale = 1;
@@ -159,7 +181,8 @@ private:
 };
 
 AppearanceMonitor::AppearanceMonitor() {
-    const QStringList namespaces = appearanceNamespaces(QProcessEnvironment::systemEnvironment());
+    const QStringList namespaces =
+        appearanceNamespaces(QProcessEnvironment::systemEnvironment(), hasPlasmaPlugin());
     if (namespaces.isEmpty())
         QMetaObject::invokeMethod(this, &AppearanceMonitor::settle, Qt::QueuedConnection);
     else

@@ -12,6 +12,7 @@ from virtual_desktop import Rect, stays, wait_until
 LIGHT = ("239,240,241", "35,38,41")
 DARK = ("32,35,38", "252,252,252")
 HIGH_CONTRAST = ("0,0,0", "255,255,255")
+PLASMA_SETTINGS = "org.kde.kdeglobals."
 PLASMA = {"XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "5"}
 
 
@@ -262,6 +263,25 @@ class Portal(unittest.TestCase):
 
 
 class PortalOnPlasma(unittest.TestCase):
+    """Where Plasma's plug-in for this Qt is not installed, as on these systems."""
+
+    def test_colours_that_nobody_chose_are_breezes_and_others_plasmas_own(self):
+        with Session(daemon=False, environment=PLASMA) as session:
+            session.client.stop()
+            scheme = (PLASMA_SETTINGS + "General", "ColorScheme", "''")
+            portal = SettingsPortal(session.desktop, LIGHT_PREFERENCE, scheme)
+            self.addCleanup(portal.die)
+            session.start_client()
+            session.open_panel()
+            panel = session.desktop.wait_for_panel(session.client)
+            corner = Rect(panel.right - 40, panel.y + 14, 20, 8)
+            self.assertAlmostEqual(session.desktop.brightness(corner)[1], 240 / 255, delta=0.01)
+            window = PLASMA_SETTINGS + "Colors:Window"
+            portal.change(LIGHT_PREFERENCE, (PLASMA_SETTINGS + "General", "ColorScheme", "'Own'"),
+                          (window, "BackgroundNormal", "'20,20,20'"),
+                          (window, "ForegroundNormal", "'250,250,250'"))
+            wait_until(lambda: session.desktop.brightness(corner)[1] < 0.1, "Plasma's colours")
+
     def test_the_palette_stays_plasmas(self):
         with Session(daemon=False, environment=PLASMA) as session:
             PlasmaSettings(session.desktop)

@@ -81,6 +81,15 @@ void announceFontChange() {
 
 QPalette paletteFor(const Appearance& appearance, const QPalette& own) {
     QPalette palette;
+    if (appearance.colors) {
+        if (appearance.colors->background == own.color(QPalette::Window) &&
+            appearance.colors->text == own.color(QPalette::WindowText))
+            return palette; // Qt has read them too, and more of them
+        palette = schemePalette({appearance.colors->background, appearance.colors->text});
+        if (appearance.accent)
+            setAccent(palette, *appearance.accent);
+        return palette;
+    }
     const bool hasScheme = appearance.scheme != Scheme::NoPreference;
     if (hasScheme || appearance.hasHighContrast) {
         const bool dark = hasScheme ? appearance.scheme == Scheme::Dark : isDark(own);
@@ -94,7 +103,7 @@ QPalette paletteFor(const Appearance& appearance, const QPalette& own) {
 void AppearanceStyle::apply(const Appearance& appearance) {
     const Appearance before = std::exchange(applied_, appearance);
     const auto colorsOf = [](const Appearance& of) {
-        return std::tuple(of.scheme, of.hasHighContrast, of.accent);
+        return std::tuple(of.scheme, of.colors, of.hasHighContrast, of.accent);
     };
     const auto fontOf = [](const Appearance& of) {
         return std::tuple(of.font, of.textScale);

@@ -131,6 +131,44 @@ TEST(AppearanceOfSettings, TextScaleIsBetweenAHalfAndThree) {
             << qPrintable(value.toString());
 }
 
+TEST(AppearanceOfSettings, PlasmasColorsAreItsOwn) {
+    const auto of = [](const QString& background, uint scheme) {
+        return Appearance::of(
+            {{u"org.freedesktop.appearance"_s, {{u"color-scheme"_s, scheme}}},
+             {u"org.kde.kdeglobals.General"_s, {}},
+             {u"org.kde.kdeglobals.Colors:Window"_s,
+              {{u"BackgroundNormal"_s, background}, {u"ForegroundNormal"_s, u"1,2,3"_s}}},
+             {u"org.kde.kdeglobals.Colors:Selection"_s, {{u"BackgroundNormal"_s, u"4,5,6"_s}}}});
+    };
+    const Appearance own = of(u"200,210,220"_s, 1);
+    ASSERT_TRUE(own.colors);
+    EXPECT_EQ(own.colors->background, QColor(200, 210, 220));
+    EXPECT_EQ(own.colors->text, QColor(1, 2, 3));
+    EXPECT_EQ(own.accent, QColor(4, 5, 6));
+    for (const QString& absurd :
+         {u""_s, u"1,2"_s, u"1,2,3,4"_s, u"1,2,256"_s, u"1,-2,3"_s, u"red"_s, u"1,2,x"_s}) {
+        EXPECT_EQ(of(absurd, 1).colors->background, QColor(42, 46, 50)) << qPrintable(absurd);
+        EXPECT_EQ(of(absurd, 2).colors->background, QColor(239, 240, 241)) << qPrintable(absurd);
+    }
+}
+
+TEST(AppearanceOfSettings, PlasmasColorsAreBreezesWhereItHasNone) {
+    const Appearance fresh = Appearance::of({{u"org.kde.kdeglobals.General"_s, {}}});
+    ASSERT_TRUE(fresh.colors);
+    EXPECT_EQ(fresh.colors->background, QColor(239, 240, 241));
+    EXPECT_EQ(fresh.accent, QColor(61, 174, 233));
+    EXPECT_FALSE(withCommon(u"color-scheme"_s, 1U).colors);
+}
+
+TEST(AppearanceNamespaces, OfPlasmaAreAskedForWhereQtHasNotItsPlugin) {
+    QProcessEnvironment plasma;
+    plasma.insert(u"XDG_CURRENT_DESKTOP"_s, u"KDE"_s);
+    EXPECT_TRUE(
+        appearanceNamespaces(plasma, false).contains(u"org.kde.kdeglobals.Colors:Window"_s));
+    plasma.insert(u"QT_QPA_PLATFORMTHEME"_s, u"kde"_s);
+    EXPECT_TRUE(appearanceNamespaces(plasma, false).isEmpty());
+}
+
 TEST(AppearanceNamespaces, AreThoseThatTheDesktopKeepsItsSettingsIn) {
     const QString common = u"org.freedesktop.appearance"_s;
     const QString gnome = u"org.gnome.desktop.interface"_s;
@@ -160,12 +198,12 @@ TEST(AppearanceNamespaces, AreThoseThatTheDesktopKeepsItsSettingsIn) {
         QProcessEnvironment environment;
         environment.insert(u"XDG_CURRENT_DESKTOP"_s, desktop);
         environment.insert(u"QT_QPA_PLATFORMTHEME"_s, theme);
-        EXPECT_EQ(appearanceNamespaces(environment), namespaces)
+        EXPECT_EQ(appearanceNamespaces(environment, true), namespaces)
             << qPrintable(desktop + u' ' + theme);
     }
     QProcessEnvironment olderPlasma;
     olderPlasma.insert(u"KDE_FULL_SESSION"_s, u"true"_s);
-    EXPECT_TRUE(appearanceNamespaces(olderPlasma).isEmpty());
+    EXPECT_TRUE(appearanceNamespaces(olderPlasma, true).isEmpty());
 }
 
 } // namespace tarnwick

@@ -59,6 +59,22 @@ TEST_F(AppearanceStyleTest, SchemeIsTheSameWhateverQtHasItself) {
         EXPECT_EQ(paletteFor(dark, light).color(role), paletteFor(dark, qtsDark).color(role));
 }
 
+TEST_F(AppearanceStyleTest, ColorsComeBeforeTheScheme) {
+    const Appearance::Colors colors{QColor(1, 2, 3), QColor(200, 201, 202)};
+    style_.apply({.scheme = Scheme::Light, .colors = colors, .accent = QColor(violet)});
+    EXPECT_EQ(color(QPalette::Window), colors.background.rgb());
+    EXPECT_EQ(color(QPalette::WindowText), colors.text.rgb());
+    EXPECT_EQ(color(QPalette::Highlight), violet);
+}
+
+TEST_F(AppearanceStyleTest, ColorsThatQtHasLeaveItsPaletteAlone) {
+    const QPalette own = QApplication::palette();
+    style_.apply(
+        {.colors = Appearance::Colors{own.color(QPalette::Window), own.color(QPalette::WindowText)},
+         .accent = QColor(violet)});
+    EXPECT_EQ(QApplication::palette(), own);
+}
+
 TEST_F(AppearanceStyleTest, HighContrastIsBlackAndWhite) {
     style_.apply({.scheme = Scheme::Dark, .hasHighContrast = true});
     EXPECT_EQ(color(QPalette::Window), QColor(Qt::black).rgb());
