@@ -23,15 +23,21 @@ constexpr std::array<const char*, 10> quickFaults = {
 constexpr std::array<const char*, 3> slowFaults = {"hang", "flood", "stubborn"};
 constexpr unsigned onceInSlow = 60;
 
-QByteArray device(int number) {
+// With it a large network is far more than a pipe holds by default, and within what the system
+// grants an ordinary user.
+constexpr qsizetype largeRecord = 700;
+constexpr unsigned onceInLarge = 50;
+
+QByteArray device(int number, qsizetype fill) {
     return R"("nodekey:%":{"HostName":"device-%","DNSName":"device-%.net.","Online":true,"OS":"linux",
-"TailscaleIPs":["100.64.0.%"]})"_ba.replace('%', QByteArray::number(number));
+"TailscaleIPs":["100.64.0.%"],"Capabilities":"$"})"_ba.replace('%', QByteArray::number(number))
+        .replace('$', QByteArray(fill, 'x'));
 }
 
 QByteArray statusOf(int devices) {
     QByteArrayList peers;
     for (int i = 0; i < devices; ++i)
-        peers.append(device(i));
+        peers.append(device(i, devices == FaultyTool::largeNetwork ? largeRecord : 0));
     return R"({"BackendState":"Running","Self":{"HostName":"laptop","Online":true,
 "TailscaleIPs":["100.64.0.1"]},"Peer":{)" +
            peers.join(',') + "}}";
@@ -79,8 +85,15 @@ void FaultyTool::answerWell(int devices) {
     condition_ = "good";
     devices_ = devices;
     write("fault", "");
+    write("message", "error: cannot reach the daemon");
     write("status", statusOf(devices));
     write("list", listOf(profiles()));
+}
+
+void FaultyTool::failWith(const QByteArray& message) {
+    condition_ = "refuses";
+    write("fault", "error");
+    write("message", message);
 }
 
 bool FaultyTool::answers() const {
@@ -88,7 +101,7 @@ bool FaultyTool::answers() const {
 }
 
 void FaultyTool::disturb() {
-    answerWell(static_cast<int>(random_() % 60));
+    answerWell(chance(onceInLarge) ? largeNetwork : static_cast<int>(random_() % 60));
     if (random_() % 100 < percentOfGoodAnswers)
         return;
     const bool slow = random_() % onceInSlow == 0;

@@ -12,6 +12,8 @@ namespace tarnwick::soak {
 /// The tool that the client runs, in a directory of its own, with random faults.
 class FaultyTool {
 public:
+    static constexpr int largeNetwork = 1000; ///< Devices.
+
     explicit FaultyTool(unsigned seed);
 
     QString directory() const { return directory_.path(); }
@@ -21,6 +23,12 @@ public:
 
     /// Prints a good answer from now on, with this many devices.
     void answerWell(int devices);
+
+    /// Prints this instead of any answer from now on.
+    void failWith(const QByteArray& message);
+
+    /// True once in so many times.
+    bool chance(unsigned once) { return random_() % once == 0; }
 
     /// The current behaviour, for a report.
     const QByteArray& condition() const { return condition_; }

@@ -39,6 +39,7 @@ Timing shortTiming() {
         .profileRefreshInterval = 0ms,
         .commandTimeout = 400ms,
         .pollStep = 1ms,
+        .switchPause = 1ms,
     };
 }
 
@@ -55,14 +56,14 @@ Soak::Soak(unsigned seed) : tool_(seed) {
         std::make_unique<QSettings>(home_.filePath(u"client.conf"_s), QSettings::IniFormat);
     daemon_ = DaemonManager::create(std::move(options));
     panel_ = std::make_unique<MenuBarView>(daemon_, PerformCommand());
-    if (!awaitFirstRefresh())
+    if (!waitForAnnouncement())
         qFatal("the controller does not refresh");
 }
 
 Soak::~Soak() = default;
 
-// A refresh requested while it runs would complete at once.
-bool Soak::awaitFirstRefresh() {
+// For a refresh that runs already: one requested meanwhile would complete at once.
+bool Soak::waitForAnnouncement() {
     bool isOver = false;
     QEventLoop loop;
     QObject::connect(&daemon_->published(), &PublishedState::objectWillChange, &loop, [&] {
@@ -123,6 +124,52 @@ bool Soak::refresh() {
     return showsAnswer() || (showsAnswerOrNone() && recovers(tool_.devices()));
 }
 
+std::optional<QString> Soak::outcomeOfCommand(bool& hasEnded) {
+    std::optional<QString> outcome;
+    QEventLoop loop;
+    daemon_->setCommandEnded([&](const std::optional<QString>& failure) {
+        hasEnded = true;
+        outcome = failure;
+        if (failure)
+            notification_.show(*failure);
+        else
+            notification_.withdraw();
+        loop.quit();
+    });
+    if (++commands_ % 2 == 0)
+        daemon_->connect();
+    else
+        daemon_->switchProfile(u"p0"_s);
+    runWithTimeout(loop);
+    daemon_->setCommandEnded({});
+    return outcome;
+}
+
+bool Soak::waitForNotifications(const QStringList& texts) {
+    QEventLoop loop;
+    notificationDesk_.changed = [&] {
+        if (notificationDesk_.shown() == texts)
+            loop.quit();
+    };
+    if (notificationDesk_.shown() != texts)
+        runWithTimeout(loop);
+    notificationDesk_.changed = {};
+    return notificationDesk_.shown() == texts;
+}
+
+// On a busy machine a good command may be late, and then has failed.
+bool Soak::command() {
+    tool_.answerWell(12);
+    const bool mustFail = tool_.chance(2);
+    if (mustFail)
+        tool_.failWith(u"error: command %1 is refused"_s.arg(commands_).toUtf8());
+    bool hasEnded = false;
+    const auto failure = outcomeOfCommand(hasEnded);
+    if (!hasEnded || (mustFail && !failure) || !waitForAnnouncement())
+        return false;
+    return waitForNotifications(failure ? QStringList{*failure} : QStringList());
+}
+
 bool Soak::openOnce() {
     panel_->openAt({20, 20});
     runEventLoopFor(2ms);
@@ -156,6 +203,10 @@ bool Soak::openAndClose() {
         if (openOnce())
             return true;
     return false;
+}
+
+bool Soak::showLargeNetwork() {
+    return recovers(FaultyTool::largeNetwork) && openAndClose();
 }
 
 ProcessUsage Soak::usageAtRest() {

@@ -50,7 +50,7 @@ int main(int, char** argv) {
     const std::string answer = contentOf(directory + (wantsStatus ? "status" : "list"));
 
     if (fault == "error")
-        std::cerr << "error: cannot reach the daemon\n";
+        std::cerr << contentOf(directory + "message") << '\n';
     else if (fault == "fail")
         return 3;
     else if (fault == "half")
