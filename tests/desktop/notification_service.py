@@ -1,11 +1,9 @@
 # SPDX-License-Identifier: MIT
 """A desktop's notification service, which shows nothing and keeps what it was asked to show."""
 
-import threading
+from gi.repository import GLib
 
-from gi.repository import Gio, GLib
-
-from virtual_desktop import TIME_LIMIT
+from bus_service import BusService
 
 NAME = "org.freedesktop.Notifications"
 PATH = "/org/freedesktop/Notifications"
@@ -23,8 +21,8 @@ DESCRIPTION = f"""
 """
 
 
-class NotificationService:
-    """Runs on a thread of its own. One that `hangs` is there, and answers nothing."""
+class NotificationService(BusService):
+    """One that `hangs` is there, and answers nothing."""
 
     def __init__(self, bus_address, capabilities=("body",), hangs=False):
         self.shown = {}  # the texts by their ids
@@ -32,35 +30,7 @@ class NotificationService:
         self._capabilities, self._hangs = list(capabilities), hangs
         self._last_id = 40
         self._unanswered = []
-        self._context = GLib.MainContext()
-        self._loop = GLib.MainLoop(self._context)
-        self._ready = threading.Event()
-        self._thread = threading.Thread(target=self._run, args=(bus_address,), daemon=True)
-        self._thread.start()
-        if not self._ready.wait(TIME_LIMIT):
-            raise TimeoutError("the notification service did not start")
-
-    def __enter__(self):
-        return self
-
-    def __exit__(self, *_):
-        self._loop.quit()
-        self._thread.join(TIME_LIMIT)
-
-    def _run(self, bus_address):
-        self._context.push_thread_default()
-        flags = Gio.DBusConnectionFlags
-        bus = Gio.DBusConnection.new_for_address_sync(
-            bus_address, flags.AUTHENTICATION_CLIENT | flags.MESSAGE_BUS_CONNECTION, None, None)
-        interface = Gio.DBusNodeInfo.new_for_xml(DESCRIPTION).interfaces[0]
-        bus.register_object(PATH, interface, self._call, None, None)
-        bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
-                      "RequestName", GLib.Variant("(su)", (NAME, 0)), None,
-                      Gio.DBusCallFlags.NONE, int(TIME_LIMIT * 1000), None)
-        self._ready.set()
-        self._loop.run()
-        bus.close_sync(None)
-        self._context.pop_thread_default()
+        super().__init__(bus_address, NAME, PATH, DESCRIPTION)
 
     def _call(self, _connection, _sender, _path, _interface, method, arguments, invocation):
         values = arguments.unpack()

@@ -5,11 +5,11 @@ import threading
 
 from gi.repository import Gio, GLib
 
+from bus_service import CALL_LIMIT, BusService
 from virtual_desktop import TIME_LIMIT, wait_until
 
 WATCHER = "org.kde.StatusNotifierWatcher"
 ITEM = "org.kde.StatusNotifierItem"
-CALL_LIMIT = int(TIME_LIMIT * 1000)  # milliseconds
 DESCRIPTION = f"""
 <node><interface name="{WATCHER}">
   <method name="RegisterStatusNotifierItem"><arg type="s" direction="in"/></method>
@@ -25,9 +25,7 @@ DESCRIPTION = f"""
 """
 
 
-class StatusNotifierHost:
-    """Runs on a thread of its own; close() is as if the process had ended."""
-
+class StatusNotifierHost(BusService):
     def __init__(self, bus_address, has_host=True, answers=True):
         """One that does not answer hangs when it is asked for anything."""
         self.items = []  # (bus name, object path) of each registered icon
@@ -35,39 +33,7 @@ class StatusNotifierHost:
         self._answers = threading.Event()
         if answers:
             self._answers.set()
-        self._context = GLib.MainContext()
-        self._loop = GLib.MainLoop(self._context)
-        self._ready = threading.Event()
-        self._thread = threading.Thread(target=self._run, args=(bus_address,), daemon=True)
-        self._thread.start()
-        if not self._ready.wait(TIME_LIMIT):
-            raise TimeoutError("the status-notifier host did not start")
-
-    def __enter__(self):
-        return self
-
-    def __exit__(self, *_):
-        self.close()
-
-    def _run(self, bus_address):
-        self._context.push_thread_default()
-        flags = Gio.DBusConnectionFlags
-        self._bus = Gio.DBusConnection.new_for_address_sync(
-            bus_address, flags.AUTHENTICATION_CLIENT | flags.MESSAGE_BUS_CONNECTION, None, None)
-        interface = Gio.DBusNodeInfo.new_for_xml(DESCRIPTION).interfaces[0]
-        self._bus.register_object("/StatusNotifierWatcher", interface, self._call, self._property,
-                                  None)
-        self._call_bus("RequestName", GLib.Variant("(su)", (WATCHER, 0)))
-        self._ready.set()
-        self._loop.run()
-        if not self._bus.is_closed():
-            self._bus.close_sync(None)
-        self._context.pop_thread_default()
-
-    def _call_bus(self, method, arguments):
-        return self._bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus",
-                                   "org.freedesktop.DBus", method, arguments, None,
-                                   Gio.DBusCallFlags.NONE, CALL_LIMIT, None).unpack()
+        super().__init__(bus_address, WATCHER, "/StatusNotifierWatcher", DESCRIPTION)
 
     def _call(self, _connection, sender, _path, _interface, method, arguments, invocation):
         (text,) = arguments.unpack()
@@ -103,8 +69,7 @@ class StatusNotifierHost:
 
     def close(self):
         self.answer()
-        self._loop.quit()
-        self._thread.join(TIME_LIMIT)
+        super().close()
 
     # What a host does with the icon that registered last.
 
