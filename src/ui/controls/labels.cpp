@@ -206,7 +206,7 @@ void SelectableLabel::copySelection() const {
 bool SelectableLabel::event(QEvent* event) {
     // On this, too, QLabel makes its document.
     if (event->type() == QEvent::Polish && !isSelectable())
-        return QFrame::event(event);
+        return QFrame::event(event); // NOLINT(bugprone-parent-virtual-call)
     return StyledLabel::event(event);
 }
 
