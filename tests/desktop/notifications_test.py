@@ -72,6 +72,7 @@ class Notifications(unittest.TestCase):
         session.daemon.set_faults("error@up", "error@remove")
         self.remove()
         self.wait_for(GONE_WRONG)
+        session.wait_for_texts(*CONNECTED, without=[GONE_WRONG])  # its lines move the rows
         self.switch()
         wait_until(lambda: len(service.notified) == 2, "a second notification")
         self.wait_for(GONE_WRONG)
