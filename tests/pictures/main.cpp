@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "painter.h"
 #include "scenes.h"
-#include "session_picture.h"
 #include "support/controller_world.h"
 #include "support/publishing.h"
 #include "window_pictures.h"
@@ -28,8 +27,6 @@ bool paintAll(const QDir& folder, bool isDark, const QString& only) {
     QApplication::setPalette(pictures::palette(isDark));
     const test::ControllerWorld world;
     const auto daemon = world.createRefreshed();
-    if (only == "session"_L1)
-        return pictures::paintSession(daemon, folder);
     bool saved = true;
     for (const pictures::Scene& scene : pictures::allScenes()) {
         if (!only.isEmpty() && scene.name != only)
@@ -48,8 +45,8 @@ bool paintAll(const QDir& folder, bool isDark, const QString& only) {
 
 } // namespace
 
-/// tarnwick-pictures FOLDER light|dark [SCENE]: paints every scene, or one, into the folder, or a
-/// session in its steps for the scene "session". The scale is that of QT_SCALE_FACTOR.
+/// tarnwick-pictures FOLDER light|dark [SCENE]: paints every scene, or one, into the folder. The
+/// scale is that of QT_SCALE_FACTOR.
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);

@@ -14,6 +14,9 @@ using namespace std::chrono_literals;
 
 namespace {
 
+/// Room around the windows of a picture, in device-independent pixels.
+constexpr int pictureMargin = 32;
+
 Popover* openPopover(MenuBarView& panel, Scene::Open open) {
     PopoverRow* row = nullptr;
     if (open == Scene::Open::Devices)
@@ -24,26 +27,6 @@ Popover* openPopover(MenuBarView& panel, Scene::Open open) {
         return nullptr;
     row->setPopoverPresented(true);
     return row->popover();
-}
-
-} // namespace
-
-// Stacked translucent shapes, denser towards the window.
-void paintShadow(QPainter& painter, const QImage& window, const QPointF& place) {
-    QImage shade = window;
-    QPainter tint(&shade);
-    tint.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    tint.fillRect(shade.rect(), QColor(0, 0, 0, 255));
-    tint.end();
-    const QSizeF size = window.deviceIndependentSize();
-    painter.save();
-    constexpr int layers = 18;
-    painter.setOpacity(0.014);
-    for (int spread = layers; spread > 0; --spread)
-        painter.drawImage(QRectF(place.x() - spread, place.y() - spread + 5,
-                                 size.width() + 2 * spread, size.height() + 2 * spread),
-                          shade, shade.rect());
-    painter.restore();
 }
 
 QImage imageOf(QWidget& window) {
@@ -57,6 +40,8 @@ QImage imageOf(QWidget& window) {
 QColor groundColor(bool isDark) {
     return isDark ? QColor(0x17, 0x18, 0x1b) : QColor(0xdd, 0xe3, 0xea);
 }
+
+} // namespace
 
 QPalette palette(bool isDark) {
     const QColor ground = isDark ? QColor(0x2a, 0x2a, 0x2c) : QColor(0xf8, 0xf8, 0xf9);
@@ -90,10 +75,7 @@ QImage picture(MenuBarView& panel, const Scene& scene, bool isDark) {
     for (QWidget* window : {static_cast<QWidget*>(&panel), static_cast<QWidget*>(popover)}) {
         if (window == nullptr)
             continue;
-        const QImage shot = imageOf(*window);
-        const QPoint place = window->geometry().topLeft() - all.topLeft();
-        paintShadow(painter, shot, place);
-        painter.drawImage(place, shot);
+        painter.drawImage(window->geometry().topLeft() - all.topLeft(), imageOf(*window));
     }
     painter.end();
     panel.hide();
