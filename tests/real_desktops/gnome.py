@@ -16,7 +16,7 @@ class Gnome(Shell):
                 "gnome-settings-daemon xwayland xdg-desktop-portal-gnome "
                 f"fonts-cantarell {COMMON}")
     variables = {"XDG_CURRENT_DESKTOP": "GNOME", "DESKTOP_SESSION": "gnome"}
-    resting_spot = (440, 16)  # in the bar: below the panel the client has a window over the desktop
+    resting_spot = (440, 8)  # in the bar, since the client has a window over the desktop
     restarts = "the extension, as after a locked screen"
 
     def prepare(self):

@@ -86,11 +86,11 @@ class Trial:
     def panel(self):
         return next(iter(self.windows()), None)
 
-    def pointer_picture(self):
+    def pointer_picture(self, name="pointer"):
         """The pointer at rest: the server's, or the one that a compositor drew."""
         x, y = self.shell.resting_spot
-        around = (x - 16, y - 16, x + 32, y + 32)
-        return self.pointer.image(), self.picture("pointer").crop(around).tobytes()
+        around = (x - 8, y - 8, x + 24, y + 24)
+        return self.pointer.image(), self.picture(name).crop(around)
 
     # Doing
 
