@@ -2,9 +2,7 @@
 #include "ui/windows/auth_key_window.h"
 
 #include "model/host_name.h"
-#include "ui/controls/form_button.h"
-#include "ui/controls/rounded_field.h"
-#include "ui/controls/scrolling_text.h"
+#include "ui/controls/form_controls.h"
 
 #include <QCoreApplication>
 #include <QEvent>

@@ -2,8 +2,7 @@
 #include "ui/windows/update_alert.h"
 
 #include "model/display_text.h"
-#include "ui/controls/form_button.h"
-#include "ui/controls/scrolling_text.h"
+#include "ui/controls/form_controls.h"
 
 #include <QApplication>
 #include <QHBoxLayout>

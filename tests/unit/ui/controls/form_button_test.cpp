@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "support/held_key.h"
-#include "ui/controls/form_button.h"
+#include "ui/controls/form_controls.h"
 
 #include <QTest>
 

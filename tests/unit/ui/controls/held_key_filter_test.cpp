@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/controls/form_button.h"
+#include "ui/controls/form_controls.h"
 #include "ui/controls/keyboard.h"
 
 #include <QCoreApplication>

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "panel_on_screen.h"
-#include "ui/controls/form_button.h"
-#include "ui/controls/rounded_field.h"
-#include "ui/controls/scrolling_text.h"
+#include "ui/controls/form_controls.h"
 #include "ui/style/colors.h"
 
 #include <QScopeGuard>

@@ -3,7 +3,7 @@
 #include "support/held_key.h"
 #include "support/printing.h"
 #include "support/publishing.h"
-#include "ui/controls/scrolling_text.h"
+#include "ui/controls/form_controls.h"
 #include "ui/windows/auth_key_window.h"
 
 #include <QClipboard>

@@ -2,7 +2,7 @@
 #include "platform/queues.h"
 #include "support/printing.h"
 #include "support/waiting.h"
-#include "ui/controls/scrolling_text.h"
+#include "ui/controls/form_controls.h"
 #include "ui/windows/update_alert.h"
 
 #include <QApplication>
