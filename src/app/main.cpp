@@ -4,7 +4,6 @@
 #include "desktop/activation_token.h"
 #include "desktop/session_environment.h"
 #include "desktop/single_instance.h"
-#include "desktop/unresponsive_bus.h"
 #include "platform/version.h"
 
 #include <QApplication>

@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <optional>
+#include <utility>
 
 namespace tarnwick {
 
@@ -19,7 +20,14 @@ public:
         : profileRefreshInterval_(profileRefreshInterval) {}
 
     /// Starts a refresh unless one is running; returns whether it has started.
-    bool begin(bool forceProfiles);
+    bool begin(bool forceProfiles) {
+        if (isRefreshing_) {
+            pendingForceProfileRefresh_ = pendingForceProfileRefresh_ || forceProfiles;
+            return false;
+        }
+        isRefreshing_ = true;
+        return true;
+    }
 
     /// Whether the refresh that has started re-reads the profiles. `now` is asked only when the
     /// other reasons do not hold.
@@ -31,12 +39,17 @@ public:
     void profilesWereRead(Clock::time_point now) { lastProfileRefresh_ = now; }
 
     /// Ends the refresh; returns whether a forced one has to follow.
-    bool end();
+    bool end() {
+        isRefreshing_ = false;
+        return std::exchange(pendingForceProfileRefresh_, false);
+    }
 
     bool isRefreshing() const { return isRefreshing_; }
 
 private:
-    bool isProfileListOld(Clock::time_point now) const;
+    bool isProfileListOld(Clock::time_point now) const {
+        return !lastProfileRefresh_ || now - *lastProfileRefresh_ >= profileRefreshInterval_;
+    }
 
     bool isRefreshing_ = false;
     bool pendingForceProfileRefresh_ = false;

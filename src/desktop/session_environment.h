@@ -28,4 +28,9 @@ QString preferredQtPlatforms(const QProcessEnvironment& environment);
 /// Whether the session's shell is GNOME's.
 bool isGnome(const QProcessEnvironment& environment);
 
+/// Makes Qt see no session bus where the bus accepts connections but does not answer: Qt would
+/// block the main thread for 25 seconds. To be called before Qt's application object is made, while
+/// the process has one thread. Blocks for up to 3 seconds where the bus is such, else not.
+void spareQtAnUnresponsiveBus(int argc, char** argv);
+
 } // namespace tarnwick

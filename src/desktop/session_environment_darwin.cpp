@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/unresponsive_bus.h"
+#include "desktop/session_environment.h"
 
 namespace tarnwick {
 

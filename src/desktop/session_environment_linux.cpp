@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/message_bus_linux.h"
-#include "desktop/unresponsive_bus.h"
+#include "desktop/session_environment.h"
 
 #include <QCoreApplication>
 
