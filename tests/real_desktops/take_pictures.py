@@ -3,6 +3,7 @@
 pixels a point, of the installed client with a real pointer and keys."""
 
 import pathlib
+import re
 import sys
 import time
 
@@ -20,7 +21,7 @@ from x11_shells import Xfce  # noqa: E402
 MARGIN = 24 * POINT  # around the windows of a picture
 KEY = "twkey-harbor-good"
 NAME = "annas-computer"
-COLORS = 128  # of a picture, a third of the size of all of them, and nobody sees it
+COLORS = 256  # of a picture; all of them would take three times the room
 FONT = "/usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf"
 CAPTION = 40  # pixels, in the picture of the steps
 GAP = 28
@@ -63,8 +64,11 @@ class Photographer(Trial):
         text = self.hand.run("xprop", "-id", window, "_NET_FRAME_EXTENTS")
         left, right, top, bottom = (int(part) for part in text.split("=")[1].split(",")) \
             if "=" in text else (0, 0, 0, 0)
-        return Rect(rect.x - left, rect.y - top, rect.width + left + right,
-                    rect.height + top + bottom)
+        if not any((left, right, top, bottom)):
+            return rect
+        place = self.hand.run("xwininfo", "-id", window)  # xdotool counts the frame twice
+        x, y = (int(re.search(rf"Absolute upper-left {axis}: +(-?\d+)", place)[1]) for axis in "XY")
+        return Rect(x - left, y - top, rect.width + left + right, rect.height + top + bottom)
 
     def shot(self, name):
         """A picture of the client's windows and what is around them."""
@@ -73,6 +77,8 @@ class Photographer(Trial):
         rects = [self.frame_of(rect) for rect in self.windows()]
         left = max(0, min(rect.x for rect in rects) - MARGIN)
         top = max(0, min(rect.y for rect in rects) - MARGIN)
+        if top < self.bar.bottom:
+            top = 0  # no half a bar
         right = min(shell.SIZE[0], max(rect.right for rect in rects) + MARGIN)
         bottom = min(shell.SIZE[1], max(rect.bottom for rect in rects) + MARGIN)
         with Image.open(self.directory / "still.png") as picture:
@@ -164,7 +170,9 @@ def main():
             path.unlink()
             continue
         with Image.open(path) as picture:
-            few = picture.convert("RGB").quantize(COLORS, dither=Image.Dither.NONE)
+            few = picture.convert("RGB").quantize(
+                COLORS, Image.Quantize.MEDIANCUT, kmeans=3,  # leaves large areas as they are
+                dither=Image.Dither.NONE)
         few.save(path, optimize=True)
 
 
