@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // tarnwick_soak [REFRESHES [OPENINGS [SEED]]]: refreshes many times, with commands and openings of
 // the panel in between, and compares what the process holds in the end with what it held after the
-// first hundred refreshes. Then it leaves clients in the middle of their commands.
+// first tenth of them. Then it leaves clients in the middle of their commands.
 #include "quits.h"
 #include "soak.h"
 #include "support/private_bus.h"
@@ -18,7 +18,7 @@ using tarnwick::soak::Soak;
 
 namespace {
 
-constexpr int settledAfter = 100;
+constexpr int shareToSettle = 10; // what large networks leave of the heap differs until then
 constexpr int reportEvery = 1000;
 constexpr int refreshesACommand = 20;
 constexpr int refreshesAQuit = 100;
@@ -67,7 +67,7 @@ int live(const Plan& plan) {
     ProcessUsage settled;
     int opened = 0;
     for (int i = 0; i < plan.refreshes; ++i) {
-        if (i == settledAfter) {
+        if (i == plan.refreshes / shareToSettle) {
             if (!soak.showLargeNetwork())
                 return fail("a large network is not shown");
             settled = soak.usageAtRest();
