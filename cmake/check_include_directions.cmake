@@ -20,7 +20,7 @@ foreach(source IN LISTS sources)
   string(REGEX MATCH "^(ui/[a-z]+|[a-z]+)/" folder "${source}")
   string(REGEX REPLACE "/$" "" folder "${folder}")
   string(REPLACE "/" "_" room "${folder}")
-  file(STRINGS ${SOURCE_DIR}/${source} includes REGEX "^#include \".*[.]h\"") # not what moc makes
+  file(STRINGS ${SOURCE_DIR}/${source} includes REGEX "^#include \"")
   foreach(include IN LISTS includes)
     string(REGEX REPLACE "^#include \"((ui/)?[a-z]+)/.*$" "\\1" target "${include}")
     string(REPLACE "/" "_" target "${target}")

@@ -137,11 +137,12 @@ void takePlasmasColors(Appearance& appearance, const DesktopSettings& settings) 
         appearance.colors = {QColor(42, 46, 50), QColor(252, 252, 252)};
     else
         appearance.colors = {QColor(239, 240, 241), QColor(35, 38, 41)};
-    if (!appearance.accent)
+    if (!appearance.accent) {
         appearance.accent =
             plasmaColorOf(
                 settings.value(plasmaNamespace(u"Colors:Selection"_s)).value(u"BackgroundNormal"_s))
                 .value_or(QColor(61, 174, 233));
+    }
 }
 
 /// Whether Qt's theme of that name has palette and fonts from the desktop or from the user.

@@ -1,25 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/message_bus_linux.h"
+#include "desktop/sleep_monitor_linux.h"
 #include "desktop/wake_up.h"
 
-#include <QDBusAbstractInterface>
-
 namespace tarnwick {
-
-/// The system's log-in manager, which announces sleep and wake-up.
-class SleepMonitor : public QDBusAbstractInterface {
-    Q_OBJECT
-
-public:
-    explicit SleepMonitor(const QDBusConnection& systemBus)
-        : QDBusAbstractInterface(QStringLiteral("org.freedesktop.login1"),
-                                 QStringLiteral("/org/freedesktop/login1"),
-                                 "org.freedesktop.login1.Manager", systemBus, nullptr) {}
-
-Q_SIGNALS:
-    /// The signal of this name on the bus: the computer is about to sleep, or has woken.
-    void PrepareForSleep(bool start);
-};
 
 class WakeUp::Watch {
 public:
@@ -45,5 +29,3 @@ WakeUp::WakeUp() : watch_(std::make_unique<Watch>(*this)) {}
 WakeUp::~WakeUp() = default;
 
 } // namespace tarnwick
-
-#include "wake_up_linux.moc"

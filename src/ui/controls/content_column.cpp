@@ -33,7 +33,8 @@ void Divider::paintEvent(QPaintEvent*) {
     // Of one thickness at every scale: a point that is no whole number of pixels would be rounded
     // differently here and there.
     QPainter painter(this);
-    const double top = wholePixels(painter, QRectF(0, height() / 2, 1, 1)).top();
+    const int padding = height() / 2;
+    const double top = wholePixels(painter, QRectF(0, padding, 1, 1)).top();
     const QRectF line(0, top, width(), wholePixelLine(painter, 1));
     painter.fillRect(line, dividerColor(palette()));
 }
