@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "desktop/local_socket.h"
+#include "platform/local_socket.h"
 
 #include <QDBusAbstractInterface>
 #include <QDBusConnection>

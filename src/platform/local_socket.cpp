@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/local_socket.h"
+#include "platform/local_socket.h"
 
 #include <QFile>
 
