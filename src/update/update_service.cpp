@@ -3,7 +3,6 @@
 
 #include "platform/queues.h"
 #include "platform/service_addresses.h"
-#include "update/compare_versions.h"
 #include "update/update_manifest.h"
 
 #include <QPointer>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Any two texts, parted by the first line break, as versions.
 #include "property.h"
-#include "update/compare_versions.h"
+#include "update/update_manifest.h"
 
 #include <QString>
 #include <QStringList>

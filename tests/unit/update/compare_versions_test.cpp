@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "update/compare_versions.h"
+#include "update/update_manifest.h"
 
 #include <QStringList>
 
