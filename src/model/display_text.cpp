@@ -9,6 +9,8 @@ namespace {
 
 constexpr qsizetype longestLine = 512;
 constexpr qsizetype longestMessage = 20'000;
+constexpr qsizetype longestTooltip = 2'000;
+constexpr qsizetype longestTooltipWord = 40;
 
 // Marks without width, or that change the direction of surrounding text.
 bool isInvisibleMark(QChar c) {
@@ -73,6 +75,20 @@ QString multiLineText(const QString& text) {
             lines += c.category() == QChar::Other_Control ? QChar(u' ') : c;
     }
     return lines;
+}
+
+QString plainTooltip(const QString& text) {
+    QString escaped;
+    qsizetype sinceBlank = 0;
+    for (const QChar c : multiLineText(cutText(text, longestTooltip))) {
+        sinceBlank = c.isSpace() ? 0 : sinceBlank + 1;
+        if (sinceBlank > longestTooltipWord && !c.isLowSurrogate()) {
+            escaped += QChar(0x200b); // lets a long word break
+            sinceBlank = 1;
+        }
+        escaped += c == u'\n' ? u"<br/>"_s : QString(c).toHtmlEscaped();
+    }
+    return u"<span>%1</span>"_s.arg(escaped);
 }
 
 } // namespace tarnwick

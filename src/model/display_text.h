@@ -24,4 +24,7 @@ QString singleLineText(const QString& text);
 /// An external message: as singleLineText(), but with line breaks, and longer.
 QString multiLineText(const QString& text);
 
+/// Rich text that shows `text` verbatim and wrapped, for tooltips, which would guess its format.
+QString plainTooltip(const QString& text);
+
 } // namespace tarnwick

@@ -3,7 +3,6 @@
 
 #include "model/display_text.h"
 #include "ui/controls/keyboard.h"
-#include "ui/controls/plain_tooltip.h"
 #include "ui/style/row_painting.h"
 
 #include <QClipboard>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/row_button.h"
 
+#include "model/display_text.h"
 #include "ui/controls/keyboard.h"
-#include "ui/controls/plain_tooltip.h"
 #include "ui/style/row_painting.h"
 
 #include <QHelpEvent>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "model/display_text.h"
 #include "panel_on_screen.h"
-#include "ui/controls/plain_tooltip.h"
 #include "ui/panel/panel_sections.h"
 
 #include <QLabel>
