@@ -22,8 +22,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr TextLook look{TextStyle::Body};
-constexpr double frameRadius = 5;
+constexpr TextLook fieldLook{TextStyle::Body};
+constexpr double cornerRadius = 5;
+constexpr int usualWidth = 300;
 constexpr QMargins ownTextMargins{4, 3, 4, 3};
 
 /// Sees the text before line breaks are shown as blanks.
@@ -37,10 +38,6 @@ public:
     }
 };
 
-constexpr int usualWidth = 300;
-
-constexpr double radius = 5;
-
 QColor withOpacity(QColor color, float opacity) {
     color.setAlphaF(opacity);
     return color;
@@ -49,7 +46,7 @@ QColor withOpacity(QColor color, float opacity) {
 } // namespace
 
 RoundedField::RoundedField(QWidget* parent) : QLineEdit(parent) {
-    setFont(look.font());
+    setFont(fieldLook.font());
     setFrame(false);
     setTextMargins(ownTextMargins);
     setMaxLength(2 * longestText); // beyond it Qt would cut, where the validator can refuse
@@ -77,7 +74,7 @@ void RoundedField::paintEvent(QPaintEvent* event) {
         QPainter painter(this);
         // A click marks by the line's colour, with no ring, where the keys go.
         const double line = hasFocus() && showsFocusRing_ ? 2 : 1;
-        paintFrame(painter, rect(), frameRadius,
+        paintFrame(painter, rect(), cornerRadius,
                    hasFocus() ? focusColor(palette()) : borderColor(palette()), line,
                    QApplication::palette(this).color(QPalette::Base));
     }
@@ -86,7 +83,7 @@ void RoundedField::paintEvent(QPaintEvent* event) {
 
 bool RoundedField::event(QEvent* event) {
     if (event->type() == QEvent::ApplicationFontChange) {
-        setFont(look.font());
+        setFont(fieldLook.font());
         updateGeometry();
     }
     return QLineEdit::event(event);
@@ -203,10 +200,10 @@ void FormButton::paintEvent(QPaintEvent* event) {
     }
     const Look colors = look();
     QPainter painter(this);
-    paintFrame(painter, rect(), radius, colors.edge, 1, colors.background);
+    paintFrame(painter, rect(), cornerRadius, colors.edge, 1, colors.background);
     if (hasFocus() && showsFocusRing_) { // inside, where the contrast is known
         const double inset = wholePixelLine(painter, 2);
-        paintFrame(painter, QRectF(rect()).adjusted(inset, inset, -inset, -inset), radius - 2,
+        paintFrame(painter, QRectF(rect()).adjusted(inset, inset, -inset, -inset), cornerRadius - 2,
                    colors.title, 1);
     }
     painter.setPen(colors.title);
