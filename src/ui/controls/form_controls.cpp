@@ -23,7 +23,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr TextLook fieldLook{TextStyle::Body};
-constexpr double cornerRadius = 5;
+constexpr double frameRadius = 5;
 constexpr int usualWidth = 300;
 constexpr QMargins ownTextMargins{4, 3, 4, 3};
 
@@ -74,7 +74,7 @@ void RoundedField::paintEvent(QPaintEvent* event) {
         QPainter painter(this);
         // A click marks by the line's colour, with no ring, where the keys go.
         const double line = hasFocus() && showsFocusRing_ ? 2 : 1;
-        paintFrame(painter, rect(), cornerRadius,
+        paintFrame(painter, rect(), frameRadius,
                    hasFocus() ? focusColor(palette()) : borderColor(palette()), line,
                    QApplication::palette(this).color(QPalette::Base));
     }
@@ -200,10 +200,10 @@ void FormButton::paintEvent(QPaintEvent* event) {
     }
     const Look colors = look();
     QPainter painter(this);
-    paintFrame(painter, rect(), cornerRadius, colors.edge, 1, colors.background);
+    paintFrame(painter, rect(), frameRadius, colors.edge, 1, colors.background);
     if (hasFocus() && showsFocusRing_) { // inside, where the contrast is known
         const double inset = wholePixelLine(painter, 2);
-        paintFrame(painter, QRectF(rect()).adjusted(inset, inset, -inset, -inset), cornerRadius - 2,
+        paintFrame(painter, QRectF(rect()).adjusted(inset, inset, -inset, -inset), frameRadius - 2,
                    colors.title, 1);
     }
     painter.setPen(colors.title);
