@@ -26,9 +26,10 @@ constexpr std::chrono::milliseconds longestWait{1500};
 
 /// Goes to the status-notifier hosts where there are any; where a desktop has both kinds, the X
 /// tray is for old programs. But GNOME's extension keeps single clicks on an item for its menu, and
-/// passes on each click in its X tray. Qt's icon is made only while there is an
-/// X tray and no registry of hosts: with one, Qt may make a status-notifier item of it, and waits
-/// for a registry that hangs.
+/// passes on each click in its X tray.
+///
+/// Qt's icon is made only while there is an X tray and no registry of hosts: with one, Qt may make
+/// a status-notifier item of it, and waits for a registry that hangs.
 class StatusArea::Icon {
 public:
     Icon(StatusArea& area, QIcon picture, bool hasMenu)
