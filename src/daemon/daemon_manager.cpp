@@ -66,9 +66,7 @@ DaemonManager::DaemonManager(DaemonManagerOptions options)
       workQueue_(u"com.tarnwick.client.daemon"_s, enterBackgroundQualityOfService) {
     qCInfo(daemonLog) << "tool" << installer_.sources().tools.cliPath << "daemon"
                       << installer_.sources().tools.daemonPath;
-    // Not refreshStatus(), which would take one more turn of the event loop.
-    QObject::connect(&statusTimer_, &QTimer::timeout, &statusTimer_,
-                     [this] { beginRefresh(false, {}); });
+    QObject::connect(&statusTimer_, &QTimer::timeout, &statusTimer_, [this] { refreshStatus(); });
 }
 
 DaemonManager::~DaemonManager() {
