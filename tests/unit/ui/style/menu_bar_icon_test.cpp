@@ -2,10 +2,13 @@
 #include "ui/style/menu_bar_icon.h"
 #include "ui/style/symbol.h"
 
+#include <QFile>
 #include <QImage>
 #include <QLineF>
+#include <QPainter>
 #include <QPixmap>
 #include <QStringList>
+#include <QSvgRenderer>
 #include <QtEndian>
 
 #include <gtest/gtest.h>
@@ -43,6 +46,16 @@ double visibleShare(const QIcon& icon, int size, int ground) {
         }
     }
     return static_cast<double>(visible) / (size * size);
+}
+
+/// The colour that a picture has in its middle.
+QColor middleOf(const QByteArray& svg) {
+    QImage image(16, 16, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    QSvgRenderer(svg).render(&painter);
+    painter.end();
+    return image.pixelColor(8, 8);
 }
 
 } // namespace
@@ -111,6 +124,20 @@ TEST(MenuBarIcon, IsLegibleOnDarkAndOnLightWhereNothingTintsIt) {
         EXPECT_GT(visibleShare(icon.icon, size, 0x20), 0.1) << size;
         EXPECT_GT(visibleShare(icon.icon, size, 0xf4), 0.1) << size;
     }
+}
+
+// Plasma replaces the style sheet of that id by one with the colours of its theme.
+TEST(MenuBarIcon, TheSymbolicIconTakesTheColorOfPlasmasStyleSheet) {
+    QFile file(QStringLiteral(TARNWICK_SYMBOLIC_ICON));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    QByteArray svg = file.readAll();
+    EXPECT_EQ(middleOf(svg), QColor(0x88, 0x88, 0x88));
+
+    const QByteArray begin = R"(<style id="current-color-scheme" type="text/css">)";
+    const qsizetype sheet = svg.indexOf(begin) + begin.size();
+    ASSERT_GE(sheet, begin.size());
+    svg.replace(sheet, svg.indexOf("</style>") - sheet, ".ColorScheme-Text { color: #fcfcfc; }");
+    EXPECT_EQ(middleOf(svg), QColor(0xfc, 0xfc, 0xfc));
 }
 
 } // namespace tarnwick
