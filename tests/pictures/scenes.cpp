@@ -94,12 +94,15 @@ QList<Scene> allScenes() {
     emptyError.errorMessage = u""_s;
     Scene mirrored = scene(u"right-to-left"_s, connected(), Scene::Open::Devices);
     mirrored.isRightToLeft = true;
+    Scene focused = scene(u"connected-keyboard"_s, connected());
+    focused.tabPresses = 2;
 
     return {scene(u"connected"_s, connected()),
             scene(u"connected-devices"_s, connected(), Scene::Open::Devices),
             scene(u"connected-switch"_s, connected(), Scene::Open::Picker),
             scene(u"connected-twelve"_s, twelve, Scene::Open::Devices),
             scene(u"connected-alone"_s, alone),
+            focused,
             scene(u"stopped"_s, stopped()),
             scene(u"stopped-profiles"_s, picking, Scene::Open::Picker),
             scene(u"needs-login"_s, needsLogin),

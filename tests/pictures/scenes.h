@@ -16,6 +16,7 @@ struct Scene {
     DaemonState state;
     Open open = Open::Nothing;
     bool isRightToLeft = false;
+    int tabPresses = 0; ///< How far the keyboard has moved the focus.
 };
 
 /// Every variant of the panel, and what bad input could do to it.

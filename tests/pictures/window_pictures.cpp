@@ -2,29 +2,35 @@
 #include "window_pictures.h"
 
 #include "support/publishing.h"
-#include "support/waiting.h"
 #include "ui/style/symbol.h"
 #include "ui/windows/auth_key_window.h"
 #include "ui/windows/update_alert.h"
 
 #include <QApplication>
-#include <QDialog>
+#include <QGraphicsOpacityEffect>
 #include <QIcon>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
 
 namespace tarnwick::pictures {
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 
 namespace {
 
-bool save(QWidget& window, const QDir& folder, const QString& name, bool isDark) {
-    test::runEventLoopFor(30ms);
-    const QPixmap picture = window.grab();
-    return picture.save(
-        folder.filePath(u"%1-%2@%3x.png"_s.arg(name, isDark ? u"dark"_s : u"light"_s)
-                            .arg(window.devicePixelRatioF())));
+/// For what Qt draws, which its versions do differently.
+void makeInvisible(QWidget& widget) {
+    auto* effect = new QGraphicsOpacityEffect(&widget);
+    effect->setOpacity(0);
+    widget.setGraphicsEffect(effect);
+}
+
+void takeWindow(QWidget& window, const QString& name, const TakePicture& take) {
+    settle(window);
+    for (auto* bar : window.findChildren<QScrollBar*>())
+        makeInvisible(*bar);
+    take(name, window.grab().toImage());
 }
 
 QList<std::pair<QString, UpdateCheckResult>> updateResults() {
@@ -34,44 +40,52 @@ QList<std::pair<QString, UpdateCheckResult>> updateResults() {
             {u"update-hostile-version"_s, Outdated{u"<b>1.4</b>"_s, QString(10'000, u'9')}}};
 }
 
+void paintUpdateDialogs(const TakePicture& take) {
+    QApplication::setWindowIcon(symbolPixmap(u"network"_s, 48, QColor(0x35, 0x84, 0xe4), 2));
+    for (const auto& [name, result] : updateResults()) {
+        UpdateAlert alert(UpdateDialog::forResult(result, {}), {});
+        alert.present();
+        takeWindow(alert, name, take);
+    }
+}
+
 struct FormState {
     QString name;
     QString authKey;
-    std::optional<QString> error;
+    std::optional<QString> error = std::nullopt;
+    bool isConnecting = false;
 };
 
 QList<FormState> formStates() {
-    return {{u"auth-key-empty"_s, {}, {}},
-            {u"auth-key-filled"_s, u"twkey-harbor-jonas"_s, {}},
+    return {{u"auth-key-empty"_s, {}},
+            {u"auth-key-filled"_s, u"twkey-harbor-jonas"_s},
             {u"auth-key-refused"_s, u"twkey-harbor-jonas"_s, u"error: invalid auth key"_s},
-            {u"auth-key-hostile-error"_s, u"twkey"_s, QString(10'000, u'x') + u"<b>bold</b>"_s}};
+            {u"auth-key-hostile-error"_s, u"twkey"_s, QString(10'000, u'x') + u"<b>bold</b>"_s},
+            {u"auth-key-connecting"_s, u"twkey-harbor-jonas"_s, {}, true}};
+}
+
+void paintForm(const std::shared_ptr<DaemonManager>& daemon, const FormState& state,
+               const TakePicture& take) {
+    AuthKeyWindow form({.computerName = [] {
+        return u"Anna's Computer"_s;
+    }});
+    form.show(daemon);
+    form.window()->findChildren<QLineEdit*>().last()->setText(state.authKey);
+    test::publishError(*daemon, state.error);
+    if (state.isConnecting)
+        form.window()->findChildren<QPushButton*>().last()->click();
+    takeWindow(*form.window(), state.name, take);
 }
 
 } // namespace
 
-bool paintWindows(const std::shared_ptr<DaemonManager>& daemon, const QDir& folder, bool isDark,
-                  const QString& only) {
-    QApplication::setWindowIcon(symbolPixmap(u"network"_s, 48, QColor(0x35, 0x84, 0xe4), 2));
-    bool saved = true;
-    for (const auto& [name, result] : updateResults()) {
-        if (!only.isEmpty() && name != only)
-            continue;
-        UpdateAlert alert(UpdateDialog::forResult(result, {}), {});
-        alert.present();
-        saved = save(alert, folder, name, isDark) && saved;
-    }
-    for (const FormState& state : formStates()) {
-        if (!only.isEmpty() && state.name != only)
-            continue;
-        AuthKeyWindow form({.computerName = [] {
-            return u"Anna's Computer"_s;
-        }});
-        form.show(daemon);
-        form.window()->findChildren<QLineEdit*>().last()->setText(state.authKey);
-        test::publishError(*daemon, state.error);
-        saved = save(*form.window(), folder, state.name, isDark) && saved;
-    }
-    return saved;
+void paintWindows(const test::ControllerWorld& world, const std::shared_ptr<DaemonManager>& daemon,
+                  const TakePicture& take) {
+    paintUpdateDialogs(take);
+    world.closeGate(); // a form that is connecting stays so
+    for (const FormState& state : formStates())
+        paintForm(daemon, state, take);
+    world.openGate();
 }
 
 } // namespace tarnwick::pictures

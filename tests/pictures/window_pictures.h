@@ -2,16 +2,15 @@
 #pragma once
 
 #include "daemon/daemon_manager.h"
-
-#include <QDir>
+#include "picture.h"
+#include "support/controller_world.h"
 
 #include <memory>
 
 namespace tarnwick::pictures {
 
-/// Paints the auth-key window and the update dialog in their states, or the one named `only`, into
-/// the folder; false when one could not be saved.
-bool paintWindows(const std::shared_ptr<DaemonManager>& daemon, const QDir& folder, bool isDark,
-                  const QString& only);
+/// Paints the update dialog and the auth-key window in their states.
+void paintWindows(const test::ControllerWorld& world, const std::shared_ptr<DaemonManager>& daemon,
+                  const TakePicture& take);
 
 } // namespace tarnwick::pictures
