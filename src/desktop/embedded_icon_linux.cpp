@@ -77,6 +77,12 @@ void EmbeddedIcon::paintEvent(QPaintEvent*) {
     picture_.paint(&painter, whole);
 }
 
+// A tray that has shown it already may make it smaller. The X server reports nothing to paint then.
+void EmbeddedIcon::resizeEvent(QResizeEvent* event) {
+    QRasterWindow::resizeEvent(event);
+    update();
+}
+
 void EmbeddedIcon::mousePressEvent(QMouseEvent*) {
     clicked_({});
 }
