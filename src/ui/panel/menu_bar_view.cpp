@@ -86,6 +86,7 @@ void MenuBarView::openAs(Qt::WindowFlags newFlags, const QPoint& topLeft) {
     const QRect available = screen->availableGeometry();
     growsUpwards_ = available.bottom() - opened.bottom() < opened.top() - available.top();
     lastActive_ = this;
+    wasActiveSinceOpened_ = isVisible() && ownsWindow(QApplication::activeWindow());
     setPlace(opened);
     showInFront();
 }
@@ -161,12 +162,17 @@ void MenuBarView::scheduleActivationReview() {
     const QWidget* active = QApplication::activeWindow();
     const bool popoverWentAway = !lastActive_ || !lastActive_->isVisible();
     activationReview_.start(active == nullptr && popoverWentAway ? handOverMilliseconds : 0);
-    if (ownsWindow(active))
+    if (ownsWindow(active)) {
         lastActive_ = active;
+        wasActiveSinceOpened_ = true;
+    }
 }
 
+// A focus that goes before the panel had it since it was opened is that of the last time: where it
+// is opened again at once, the window system reports the loss late.
 void MenuBarView::reviewActivation() {
-    if (!isVisible() || isOrdinaryWindow() || ownsWindow(QApplication::activeWindow()))
+    if (!isVisible() || isOrdinaryWindow() || !wasActiveSinceOpened_ ||
+        ownsWindow(QApplication::activeWindow()))
         return;
     Q_EMIT dismissedByDeactivation();
     hide();

@@ -241,6 +241,18 @@ TEST_F(MenuBarViewTest, ClosesWhenAnotherWindowBecomesActiveAndSaysSoFirst) {
     EXPECT_EQ(signalled, (QStringList{u"dismissed"_s, u"closed"_s}));
 }
 
+// Opened again right after it was closed: the window system reports late that it had lost the
+// focus.
+TEST_F(MenuBarViewTest, StaysWhenTheFocusGoesBeforeItHadIt) {
+    panel->setAttribute(Qt::WA_DontShowOnScreen);
+    panel->setWindowFlag(Qt::WindowDoesNotAcceptFocus); // as long as it takes to get it
+    open(full());
+    ASSERT_EQ(QApplication::activeWindow(), nullptr);
+    Q_EMIT qGuiApp->focusWindowChanged(nullptr);
+    test::runEventLoopFor(std::chrono::milliseconds(50));
+    EXPECT_TRUE(panel->isVisible());
+}
+
 TEST_F(MenuBarViewTest, StaysWhenItsOwnPopoverBecomesActive) {
     open(full());
     auto* devices = find<DevicesSubmenu>();
