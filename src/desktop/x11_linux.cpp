@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/x11_linux.h"
 
+#include "desktop/xcb_functions_linux.h"
+
 #include <QGuiApplication>
-#include <QLibrary>
 #include <QRegion>
 #include <QScreen>
 
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
-#include <type_traits>
 #include <utility>
 #include <xcb/xcb.h>
 
@@ -38,84 +38,13 @@ QByteArray screenNumber() {
 
 } // namespace
 
-struct X11Display::Xcb {
-    xcb_connection_t* connection = nullptr;
-    decltype(&xcb_intern_atom) internAtom = nullptr;
-    decltype(&xcb_intern_atom_reply) internAtomReply = nullptr;
-    decltype(&xcb_get_setup) getSetup = nullptr;
-    decltype(&xcb_setup_roots_iterator) setupRootsIterator = nullptr;
-    decltype(&xcb_generate_id) generateId = nullptr;
-    decltype(&xcb_create_window) createWindow = nullptr;
-    decltype(&xcb_destroy_window) destroyWindow = nullptr;
-    decltype(&xcb_send_event) sendEvent = nullptr;
-    decltype(&xcb_flush) flush = nullptr;
-    decltype(&xcb_query_extension) queryExtension = nullptr;
-    decltype(&xcb_query_extension_reply) queryExtensionReply = nullptr;
-    decltype(&xcb_get_selection_owner) getSelectionOwner = nullptr;
-    decltype(&xcb_get_selection_owner_reply) getSelectionOwnerReply = nullptr;
-    decltype(&xcb_get_property) getProperty = nullptr;
-    decltype(&xcb_get_property_reply) getPropertyReply = nullptr;
-    decltype(&xcb_get_property_value) getPropertyValue = nullptr;
-    decltype(&xcb_get_property_value_length) getPropertyValueLength = nullptr;
-    decltype(&xcb_change_property) changeProperty = nullptr;
-    decltype(&xcb_delete_property) deleteProperty = nullptr;
-    decltype(&xcb_change_window_attributes) changeWindowAttributes = nullptr;
-    decltype(&xcb_get_extension_data) getExtensionData = nullptr;
-
-    // Of the extensions Shape and XFixes, whose headers are not needed to build Qt programs. Qt
-    // uses both; null if it does not.
-    xcb_void_cookie_t (*shapeRectangles)(xcb_connection_t*, std::uint8_t operation,
-                                         std::uint8_t kind, std::uint8_t ordering, xcb_window_t,
-                                         std::int16_t x, std::int16_t y, std::uint32_t count,
-                                         const xcb_rectangle_t*) = nullptr;
-    xcb_void_cookie_t (*selectSelectionInput)(xcb_connection_t*, xcb_window_t, xcb_atom_t,
-                                              std::uint32_t events) = nullptr;
-    xcb_extension_t* fixes = nullptr;
-
-    template <typename Symbol>
-    static bool findIn(QLibrary& library, Symbol& symbol, const char* name) {
-        symbol = reinterpret_cast<Symbol>(library.resolve(name));
-        return symbol != nullptr;
-    }
-
-    /// Returns whether all of the core protocol were found.
-    bool resolve() {
-        QLibrary library(u"xcb"_s, 1);
-        QLibrary shape(u"xcb-shape"_s, 0);
-        QLibrary fixesLibrary(u"xcb-xfixes"_s, 0);
-        findIn(shape, shapeRectangles, "xcb_shape_rectangles");
-        findIn(fixesLibrary, selectSelectionInput, "xcb_xfixes_select_selection_input");
-        findIn(fixesLibrary, fixes, "xcb_xfixes_id");
-        const auto find = [&library](auto& function, const char* name) {
-            return findIn(library, function, name);
-        };
-        return find(internAtom, "xcb_intern_atom") &&
-               find(internAtomReply, "xcb_intern_atom_reply") && find(getSetup, "xcb_get_setup") &&
-               find(setupRootsIterator, "xcb_setup_roots_iterator") &&
-               find(generateId, "xcb_generate_id") && find(createWindow, "xcb_create_window") &&
-               find(destroyWindow, "xcb_destroy_window") && find(sendEvent, "xcb_send_event") &&
-               find(flush, "xcb_flush") && find(queryExtension, "xcb_query_extension") &&
-               find(queryExtensionReply, "xcb_query_extension_reply") &&
-               find(changeProperty, "xcb_change_property") &&
-               find(deleteProperty, "xcb_delete_property") &&
-               find(changeWindowAttributes, "xcb_change_window_attributes") &&
-               find(getExtensionData, "xcb_get_extension_data") &&
-               find(getSelectionOwner, "xcb_get_selection_owner") &&
-               find(getSelectionOwnerReply, "xcb_get_selection_owner_reply") &&
-               find(getProperty, "xcb_get_property") &&
-               find(getPropertyReply, "xcb_get_property_reply") &&
-               find(getPropertyValue, "xcb_get_property_value") &&
-               find(getPropertyValueLength, "xcb_get_property_value_length");
-    }
-};
-
 X11Display::X11Display() {
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     // Other platforms may have the interface too, with no connection behind it.
     if (!x11 || !x11->connection())
         return;
-    auto xcb = std::make_unique<Xcb>();
-    xcb->connection = x11->connection();
+    connection_ = x11->connection();
+    auto xcb = std::make_unique<XcbFunctions>();
     if (xcb->resolve())
         xcb_ = std::move(xcb);
 }
@@ -126,18 +55,18 @@ std::uint32_t X11Display::atom(const QByteArray& name) {
     if (!xcb_)
         return XCB_ATOM_NONE;
     const auto request =
-        xcb_->internAtom(xcb_->connection, 0, static_cast<std::uint16_t>(name.size()), name);
+        xcb_->internAtom(connection_, 0, static_cast<std::uint16_t>(name.size()), name);
     const Reply<xcb_intern_atom_reply_t> reply(
-        xcb_->internAtomReply(xcb_->connection, request, nullptr));
+        xcb_->internAtomReply(connection_, request, nullptr));
     return reply ? reply->atom : std::uint32_t{XCB_ATOM_NONE};
 }
 
 std::uint32_t X11Display::owner(std::uint32_t selection) {
     if (!xcb_ || selection == XCB_ATOM_NONE)
         return XCB_WINDOW_NONE;
-    const auto request = xcb_->getSelectionOwner(xcb_->connection, selection);
+    const auto request = xcb_->getSelectionOwner(connection_, selection);
     const Reply<xcb_get_selection_owner_reply_t> reply(
-        xcb_->getSelectionOwnerReply(xcb_->connection, request, nullptr));
+        xcb_->getSelectionOwnerReply(connection_, request, nullptr));
     return reply ? reply->owner : std::uint32_t{XCB_WINDOW_NONE};
 }
 
@@ -147,11 +76,11 @@ QByteArray X11Display::property(std::uint32_t window, const QByteArray& name) {
     if (property == XCB_ATOM_NONE)
         return {};
     if (window == XCB_WINDOW_NONE)
-        window = xcb_->setupRootsIterator(xcb_->getSetup(xcb_->connection)).data->root;
+        window = xcb_->setupRootsIterator(xcb_->getSetup(connection_)).data->root;
     const auto request =
-        xcb_->getProperty(xcb_->connection, 0, window, property, XCB_ATOM_ANY, 0, longest);
+        xcb_->getProperty(connection_, 0, window, property, XCB_ATOM_ANY, 0, longest);
     const Reply<xcb_get_property_reply_t> reply(
-        xcb_->getPropertyReply(xcb_->connection, request, nullptr));
+        xcb_->getPropertyReply(connection_, request, nullptr));
     if (!reply)
         return {};
     return {static_cast<const char*>(xcb_->getPropertyValue(reply.get())),
@@ -172,11 +101,10 @@ bool X11Display::hasResolutionOfTexts() {
 void X11Display::broadcast(const QByteArray& type, const QByteArray& text) {
     if (!xcb_)
         return;
-    xcb_connection_t* connection = xcb_->connection;
-    const xcb_screen_t& screen = *xcb_->setupRootsIterator(xcb_->getSetup(connection)).data;
+    const xcb_screen_t& screen = *xcb_->setupRootsIterator(xcb_->getSetup(connection_)).data;
     // Listeners put the pieces together by the window that they are about.
-    const std::uint32_t window = xcb_->generateId(connection);
-    xcb_->createWindow(connection, XCB_COPY_FROM_PARENT, window, screen.root, -1, -1, 1, 1, 0,
+    const std::uint32_t window = xcb_->generateId(connection_);
+    xcb_->createWindow(connection_, XCB_COPY_FROM_PARENT, window, screen.root, -1, -1, 1, 1, 0,
                        XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
     xcb_client_message_event_t piece{};
     piece.response_type = XCB_CLIENT_MESSAGE;
@@ -189,12 +117,12 @@ void X11Display::broadcast(const QByteArray& type, const QByteArray& text) {
         std::memset(piece.data.data8, 0, pieceSize);
         std::memcpy(piece.data.data8, text.constData() + sent,
                     static_cast<std::size_t>(std::min(pieceSize, text.size() - sent)));
-        xcb_->sendEvent(connection, 0, screen.root, XCB_EVENT_MASK_PROPERTY_CHANGE,
+        xcb_->sendEvent(connection_, 0, screen.root, XCB_EVENT_MASK_PROPERTY_CHANGE,
                         reinterpret_cast<const char*>(&piece));
         piece.type = next;
     }
-    xcb_->destroyWindow(connection, window);
-    xcb_->flush(connection);
+    xcb_->destroyWindow(connection_, window);
+    xcb_->flush(connection_);
 }
 
 bool X11Display::isXwayland() {
@@ -204,10 +132,10 @@ bool X11Display::isXwayland() {
     if (qGuiApp->primaryScreen()->name().startsWith("XWAYLAND"_L1))
         return true;
     const QByteArray extension("XWAYLAND");
-    const auto request = xcb_->queryExtension(
-        xcb_->connection, static_cast<std::uint16_t>(extension.size()), extension);
+    const auto request =
+        xcb_->queryExtension(connection_, static_cast<std::uint16_t>(extension.size()), extension);
     const Reply<xcb_query_extension_reply_t> reply(
-        xcb_->queryExtensionReply(xcb_->connection, request, nullptr));
+        xcb_->queryExtensionReply(connection_, request, nullptr));
     return reply && reply->present != 0;
 }
 
@@ -215,12 +143,11 @@ std::uint8_t X11Display::watchSelection(std::uint32_t selection) {
     constexpr std::uint32_t newOwnerWindowGoneClientGone = 7;
     if (!xcb_ || !xcb_->selectSelectionInput || !xcb_->fixes)
         return 0;
-    const xcb_query_extension_reply_t* extension =
-        xcb_->getExtensionData(xcb_->connection, xcb_->fixes);
+    const xcb_query_extension_reply_t* extension = xcb_->getExtensionData(connection_, xcb_->fixes);
     if (!extension || extension->present == 0)
         return 0;
-    const xcb_window_t root = xcb_->setupRootsIterator(xcb_->getSetup(xcb_->connection)).data->root;
-    xcb_->selectSelectionInput(xcb_->connection, root, selection, newOwnerWindowGoneClientGone);
+    const xcb_window_t root = xcb_->setupRootsIterator(xcb_->getSetup(connection_)).data->root;
+    xcb_->selectSelectionInput(connection_, root, selection, newOwnerWindowGoneClientGone);
     return extension->first_event;
 }
 
@@ -235,7 +162,7 @@ void X11Display::setInputRegion(std::uint32_t window, const QRegion& region) {
                          static_cast<std::uint16_t>(rect.width()),
                          static_cast<std::uint16_t>(rect.height())});
     }
-    xcb_->shapeRectangles(xcb_->connection, set, input, XCB_CLIP_ORDERING_UNSORTED, window, 0, 0,
+    xcb_->shapeRectangles(connection_, set, input, XCB_CLIP_ORDERING_UNSORTED, window, 0, 0,
                           static_cast<std::uint32_t>(rects.size()), rects.data());
 }
 
@@ -256,7 +183,7 @@ void X11Display::setNames(std::uint32_t window, const QByteArray& name,
 void X11Display::makeBackgroundTransparent(std::uint32_t window) {
     constexpr std::uint32_t transparent = 0;
     if (xcb_)
-        xcb_->changeWindowAttributes(xcb_->connection, window, XCB_CW_BACK_PIXEL, &transparent);
+        xcb_->changeWindowAttributes(connection_, window, XCB_CW_BACK_PIXEL, &transparent);
 }
 
 void X11Display::changeProperty(std::uint32_t window, const QByteArray& name, std::uint32_t type,
@@ -265,10 +192,10 @@ void X11Display::changeProperty(std::uint32_t window, const QByteArray& name, st
     if (!xcb_)
         return;
     if (values.empty()) {
-        xcb_->deleteProperty(xcb_->connection, window, atom(name));
+        xcb_->deleteProperty(connection_, window, atom(name));
         return;
     }
-    xcb_->changeProperty(xcb_->connection, XCB_PROP_MODE_REPLACE, window, atom(name), type, bits,
+    xcb_->changeProperty(connection_, XCB_PROP_MODE_REPLACE, window, atom(name), type, bits,
                          static_cast<std::uint32_t>(values.size()), values.data());
 }
 
@@ -282,9 +209,9 @@ void X11Display::sendMessage(std::uint32_t window, const QByteArray& type,
     message.window = window;
     message.type = atom(type);
     std::copy(values.begin(), values.end(), message.data.data32);
-    xcb_->sendEvent(xcb_->connection, 0, window, XCB_EVENT_MASK_NO_EVENT,
+    xcb_->sendEvent(connection_, 0, window, XCB_EVENT_MASK_NO_EVENT,
                     reinterpret_cast<const char*>(&message));
-    xcb_->flush(xcb_->connection);
+    xcb_->flush(connection_);
 }
 
 X11Tray::X11Tray() {

@@ -11,8 +11,11 @@
 #include <vector>
 
 class QRegion;
+struct xcb_connection_t;
 
 namespace tarnwick {
+
+struct XcbFunctions;
 
 /// The X display that Qt is connected to, for requests that Qt has no function for. Where Qt uses
 /// another platform it does not exist, and every query finds nothing.
@@ -68,15 +71,14 @@ public:
     void makeBackgroundTransparent(std::uint32_t window);
 
 private:
-    struct Xcb;
-
     void changeProperty(std::uint32_t window, const QByteArray& name, std::uint32_t type,
                         const std::vector<std::uint32_t>& values);
 
     /// The beginning of that property of the window, or of the root window for none.
     QByteArray property(std::uint32_t window, const QByteArray& name);
 
-    std::unique_ptr<Xcb> xcb_;
+    xcb_connection_t* connection_ = nullptr;
+    std::unique_ptr<XcbFunctions> xcb_; ///< Null where Qt uses another platform.
 };
 
 /// The older kind of status area: a window that owns a selection of the X display. Qt reports it
