@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
-#include <utility>
+#include <memory>
 #include <xcb/xcb.h>
 
 namespace tarnwick {
@@ -44,12 +44,8 @@ X11Display::X11Display() {
     if (!x11 || !x11->connection())
         return;
     connection_ = x11->connection();
-    auto xcb = std::make_unique<XcbFunctions>();
-    if (xcb->resolve())
-        xcb_ = std::move(xcb);
+    xcb_ = XcbFunctions::found();
 }
-
-X11Display::~X11Display() = default;
 
 std::uint32_t X11Display::atom(const QByteArray& name) {
     if (!xcb_)

@@ -7,7 +7,6 @@
 
 #include <array>
 #include <cstdint>
-#include <memory>
 #include <vector>
 
 class QRegion;
@@ -24,9 +23,6 @@ struct XcbFunctions;
 class X11Display {
 public:
     X11Display();
-    ~X11Display();
-    X11Display(const X11Display&) = delete;
-    X11Display& operator=(const X11Display&) = delete;
 
     bool exists() const { return xcb_ != nullptr; }
 
@@ -78,7 +74,7 @@ private:
     QByteArray property(std::uint32_t window, const QByteArray& name);
 
     xcb_connection_t* connection_ = nullptr;
-    std::unique_ptr<XcbFunctions> xcb_; ///< Null where Qt uses another platform.
+    const XcbFunctions* xcb_ = nullptr; ///< Null where Qt uses another platform.
 };
 
 /// The older kind of status area: a window that owns a selection of the X display. Qt reports it

@@ -3,6 +3,8 @@
 
 #include <QLibrary>
 
+#include <optional>
+
 namespace tarnwick {
 
 using namespace Qt::StringLiterals;
@@ -17,6 +19,14 @@ bool findIn(QLibrary& library, Symbol& symbol, const char* name) {
 
 } // namespace
 
+const XcbFunctions* XcbFunctions::found() {
+    static const std::optional<XcbFunctions> functions = [] {
+        XcbFunctions looked;
+        return looked.resolve() ? std::optional(looked) : std::nullopt;
+    }();
+    return functions ? &*functions : nullptr;
+}
+
 bool XcbFunctions::resolve() {
     QLibrary library(u"xcb"_s, 1);
     QLibrary shape(u"xcb-shape"_s, 0);
@@ -27,8 +37,8 @@ bool XcbFunctions::resolve() {
     const auto find = [&library](auto& function, const char* name) {
         return findIn(library, function, name);
     };
-    return find(internAtom, "xcb_intern_atom") &&
-           find(internAtomReply, "xcb_intern_atom_reply") && find(getSetup, "xcb_get_setup") &&
+    return find(internAtom, "xcb_intern_atom") && find(internAtomReply, "xcb_intern_atom_reply") &&
+           find(getSetup, "xcb_get_setup") &&
            find(setupRootsIterator, "xcb_setup_roots_iterator") &&
            find(generateId, "xcb_generate_id") && find(createWindow, "xcb_create_window") &&
            find(destroyWindow, "xcb_destroy_window") && find(sendEvent, "xcb_send_event") &&

@@ -6,7 +6,7 @@
 
 namespace tarnwick {
 
-/// The functions of the X library that Qt's X plug-in has loaded.
+/// Functions of the X library that Qt's X plug-in has loaded.
 struct XcbFunctions {
     decltype(&xcb_intern_atom) internAtom = nullptr;
     decltype(&xcb_intern_atom_reply) internAtomReply = nullptr;
@@ -40,7 +40,11 @@ struct XcbFunctions {
                                               std::uint32_t events) = nullptr;
     xcb_extension_t* fixes = nullptr;
 
-    /// Returns whether all of the core protocol were found.
+    /// What was found, looked up once a process: it does not change while Qt's plug-in is loaded.
+    /// Null unless all of the core protocol were.
+    static const XcbFunctions* found();
+
+private:
     bool resolve();
 };
 
