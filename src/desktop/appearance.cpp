@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/appearance.h"
 
+#include "desktop/session_environment.h"
+
 #include <QMetaType>
 
 #include <algorithm>
@@ -173,15 +175,15 @@ Appearance Appearance::of(const DesktopSettings& settings) {
     return appearance;
 }
 
-QStringList appearanceNamespaces(const QProcessEnvironment& environment, bool hasPlasmaPlugin) {
+QStringList appearanceNamespaces(const QProcessEnvironment& environment,
+                                 const std::function<bool()>& hasPlasmaPlugin) {
     const QString theme = environment.value(u"QT_QPA_PLATFORMTHEME"_s).section(u':', 0, 0);
-    const QStringList desktops =
-        environment.value(u"XDG_CURRENT_DESKTOP"_s).toUpper().split(u':', Qt::SkipEmptyParts);
+    const QStringList desktops = desktopNames(environment);
     const bool isPlasma = desktops.isEmpty() ? environment.contains(u"KDE_FULL_SESSION"_s)
                                              : desktops.contains("KDE"_L1);
     // Without it Qt reads Plasma's settings itself, but not the colours that are Plasma's when the
     // user has chosen none, nor every change.
-    if (theme.isEmpty() && isPlasma && !hasPlasmaPlugin)
+    if (theme.isEmpty() && isPlasma && !hasPlasmaPlugin())
         return {appearanceNamespace(), plasmaNamespace(u"General"_s),
                 plasmaNamespace(u"Colors:Window"_s), plasmaNamespace(u"Colors:Selection"_s)};
     if (theme.isEmpty() ? isPlasma : isThemeOfTheDesktop(theme))

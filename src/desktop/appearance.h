@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <QVariantMap>
 
+#include <functional>
 #include <optional>
 
 namespace tarnwick {
@@ -49,7 +50,9 @@ struct Appearance {
 };
 
 /// The namespaces of the settings portal that say how this session looks. None where Qt itself has
-/// it from the desktop. `hasPlasmaPlugin`: whether Plasma's own plug-in for this Qt is installed.
-QStringList appearanceNamespaces(const QProcessEnvironment& environment, bool hasPlasmaPlugin);
+/// it from the desktop. `hasPlasmaPlugin`: whether Plasma's own plug-in for this Qt is installed;
+/// asked under Plasma only, since it reads folders.
+QStringList appearanceNamespaces(const QProcessEnvironment& environment,
+                                 const std::function<bool()>& hasPlasmaPlugin);
 
 } // namespace tarnwick

@@ -71,7 +71,7 @@ private:
 
 AppearanceMonitor::AppearanceMonitor() {
     const QStringList namespaces =
-        appearanceNamespaces(QProcessEnvironment::systemEnvironment(), hasPlasmaPlugin());
+        appearanceNamespaces(QProcessEnvironment::systemEnvironment(), hasPlasmaPlugin);
     if (namespaces.isEmpty())
         QMetaObject::invokeMethod(this, &AppearanceMonitor::settle, Qt::QueuedConnection);
     else

@@ -46,8 +46,12 @@ QString preferredQtPlatforms(const QProcessEnvironment& environment) {
     return u"xcb;wayland"_s;
 }
 
+QStringList desktopNames(const QProcessEnvironment& environment) {
+    return environment.value(u"XDG_CURRENT_DESKTOP"_s).toUpper().split(u':', Qt::SkipEmptyParts);
+}
+
 bool isGnome(const QProcessEnvironment& environment) {
-    return environment.value(u"XDG_CURRENT_DESKTOP"_s).split(u':').contains(u"GNOME"_s);
+    return desktopNames(environment).contains("GNOME"_L1);
 }
 
 } // namespace tarnwick

@@ -3,6 +3,7 @@
 
 #include <QProcessEnvironment>
 #include <QString>
+#include <QStringList>
 
 namespace tarnwick {
 
@@ -24,6 +25,9 @@ struct SessionPaths {
 /// Only X lets a window choose its position, so X is used where a session offers it beside Wayland,
 /// unless the user has chosen a platform.
 QString preferredQtPlatforms(const QProcessEnvironment& environment);
+
+/// The names by which the session's desktop calls itself, in capitals; the more special ones first.
+QStringList desktopNames(const QProcessEnvironment& environment);
 
 /// Whether the session's shell is GNOME's.
 bool isGnome(const QProcessEnvironment& environment);

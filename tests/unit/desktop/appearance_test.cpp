@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <utility>
 
 namespace tarnwick {
 
@@ -21,6 +22,14 @@ Appearance withGnome(const QString& key, const QVariant& value) {
 
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinity = std::numeric_limits<double>::infinity();
+
+bool hasPlugin() {
+    return true;
+}
+
+bool hasNoPlugin() {
+    return false;
+}
 
 } // namespace
 
@@ -164,9 +173,25 @@ TEST(AppearanceNamespaces, OfPlasmaAreAskedForWhereQtHasNotItsPlugin) {
     QProcessEnvironment plasma;
     plasma.insert(u"XDG_CURRENT_DESKTOP"_s, u"KDE"_s);
     EXPECT_TRUE(
-        appearanceNamespaces(plasma, false).contains(u"org.kde.kdeglobals.Colors:Window"_s));
+        appearanceNamespaces(plasma, hasNoPlugin).contains(u"org.kde.kdeglobals.Colors:Window"_s));
     plasma.insert(u"QT_QPA_PLATFORMTHEME"_s, u"kde"_s);
-    EXPECT_TRUE(appearanceNamespaces(plasma, false).isEmpty());
+    EXPECT_TRUE(appearanceNamespaces(plasma, hasNoPlugin).isEmpty());
+}
+
+TEST(AppearanceNamespaces, PlasmasPluginIsLookedForUnderPlasmaOnly) {
+    bool isAsked = false;
+    const auto look = [&isAsked] {
+        isAsked = true;
+        return true;
+    };
+    for (const auto& [desktop, isPlasma] :
+         {std::pair(u"GNOME"_s, false), std::pair(u""_s, false), std::pair(u"KDE"_s, true)}) {
+        QProcessEnvironment environment;
+        environment.insert(u"XDG_CURRENT_DESKTOP"_s, desktop);
+        isAsked = false;
+        appearanceNamespaces(environment, look);
+        EXPECT_EQ(isAsked, isPlasma) << qPrintable(desktop);
+    }
 }
 
 TEST(AppearanceNamespaces, AreThoseThatTheDesktopKeepsItsSettingsIn) {
@@ -198,12 +223,12 @@ TEST(AppearanceNamespaces, AreThoseThatTheDesktopKeepsItsSettingsIn) {
         QProcessEnvironment environment;
         environment.insert(u"XDG_CURRENT_DESKTOP"_s, desktop);
         environment.insert(u"QT_QPA_PLATFORMTHEME"_s, theme);
-        EXPECT_EQ(appearanceNamespaces(environment, true), namespaces)
+        EXPECT_EQ(appearanceNamespaces(environment, hasPlugin), namespaces)
             << qPrintable(desktop + u' ' + theme);
     }
     QProcessEnvironment olderPlasma;
     olderPlasma.insert(u"KDE_FULL_SESSION"_s, u"true"_s);
-    EXPECT_TRUE(appearanceNamespaces(olderPlasma, true).isEmpty());
+    EXPECT_TRUE(appearanceNamespaces(olderPlasma, hasPlugin).isEmpty());
 }
 
 } // namespace tarnwick

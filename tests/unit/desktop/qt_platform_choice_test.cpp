@@ -39,7 +39,8 @@ TEST(GnomeStatusArea, IsKnownByTheNamesOfTheDesktop) {
         session.insert(u"XDG_CURRENT_DESKTOP"_s, names);
         return isGnome(session);
     };
-    for (const auto& names : {u"GNOME"_s, u"ubuntu:GNOME"_s, u"GNOME-Classic:GNOME"_s})
+    for (const auto& names :
+         {u"GNOME"_s, u"ubuntu:GNOME"_s, u"GNOME-Classic:GNOME"_s, u":gnome:"_s})
         EXPECT_TRUE(isThere(names)) << qPrintable(names);
     for (const auto& names : {u""_s, u"KDE"_s, u"X-Cinnamon"_s, u"Budgie:NOTGNOME"_s})
         EXPECT_FALSE(isThere(names)) << qPrintable(names);
