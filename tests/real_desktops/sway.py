@@ -19,7 +19,10 @@ class Sway(NestedShell):
     variables = {**NestedShell.variables, "XDG_CURRENT_DESKTOP": "sway", "WLR_BACKENDS": "x11",
                  "WLR_RENDERER": "pixman"}
     restarts = "the bar"
-    known_limits = {"under the icon": "pixels from the bar"}  # Sway places X windows itself
+    # Sway places X windows itself, a popover in the middle of its panel too. Opened over a window of a
+    # Wayland client the panel is never reported to have the focus, so that it cannot lose it either.
+    known_limits = {"under the icon": "pixels from the bar", "other window": "still open",
+                    "devices": "pixels from the panel's side"}
 
     def start_shell(self):
         told = self.directory / "displays"
