@@ -19,12 +19,15 @@ class PublishedState : public QObject {
 public:
     const DaemonState& value() const { return value_; }
 
-    /// Sets one field. Setting the value that it already has is announced too: whether anything
-    /// that the user sees has changed is for the observer to find out.
+    /// Sets one field. Setting the value that it already has is announced, but reported by
+    /// changed() only when it differs: most polls find what the last one found.
     template <typename Field>
     void set(Field DaemonState::*field, std::type_identity_t<Field> value) {
-        announce();
+        Q_EMIT objectWillChange();
+        if (value_.*field == value)
+            return;
         value_.*field = std::move(value);
+        reportLater();
     }
 
 Q_SIGNALS:
@@ -36,8 +39,7 @@ Q_SIGNALS:
     void changed();
 
 private:
-    void announce() {
-        Q_EMIT objectWillChange();
+    void reportLater() {
         if (std::exchange(isChangePending_, true))
             return;
         const auto report = [this] {
