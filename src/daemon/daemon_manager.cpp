@@ -21,7 +21,10 @@ std::unique_ptr<QSettings> userSettings(const Platform& platform) {
     auto settings =
         std::make_unique<QSettings>(platform.settingsOrganization, platform.settingsApplication);
     settings->setFallbacksEnabled(false);
-    return settings;
+    if (!platform.settingsAreOneFile)
+        return settings;
+    // By name alone it looks at the fallbacks' files all the same, at every poll.
+    return std::make_unique<QSettings>(settings->fileName(), QSettings::NativeFormat);
 }
 
 DaemonInstaller::Sources sourcesOf(const DaemonManagerOptions& options) {

@@ -52,6 +52,7 @@ Platform linuxPlatform() {
                         {QStringLiteral("--no-ask-password"), QStringLiteral("start"), job}},
         .settingsOrganization = QStringLiteral("tarnwick"),
         .settingsApplication = QStringLiteral("client"),
+        .settingsAreOneFile = true,
         .profileDetailsKey = QStringLiteral("tarnwick.profileDetails"),
         .version = versionCompiledIn,
         .computerName = computerNameFromMachineInfo,

@@ -72,6 +72,7 @@ Platform macOSPlatform() {
         .nudgeDaemon = {QStringLiteral("/bin/launchctl"), {QStringLiteral("start"), job}},
         .settingsOrganization = QStringLiteral("tarnwick.com"),
         .settingsApplication = QStringLiteral("client"),
+        .settingsAreOneFile = false,
         // The entry is "tarnwick.profileDetails": there QSettings stores "/" as ".", and a "." as
         // another character.
         .profileDetailsKey = QStringLiteral("tarnwick/profileDetails"),

@@ -29,6 +29,7 @@ struct Platform {
 
     QString settingsOrganization; ///< Where QSettings keeps the user's settings.
     QString settingsApplication;
+    bool settingsAreOneFile;   ///< Rather than a service of the system that caches them.
     QString profileDetailsKey; ///< As which QSettings is asked for the remembered details.
 
     QString (*version)(const QString& bundleDir); ///< This client's version, "" when unknown.
