@@ -35,7 +35,8 @@ bool ToolPaths::exist() const {
 
 QString DaemonPaths::stateDir() const {
     const QString path = homeDir + u"/.tarnwick"_s;
-    QDir().mkpath(path);
+    if (!QFileInfo::exists(path))
+        QDir().mkpath(path);
     return path;
 }
 

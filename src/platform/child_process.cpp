@@ -176,8 +176,11 @@ QByteArray ChildProcess::readOutput(QDeadlineTimer deadline,
     std::array<char, 16384> buffer;
     std::array<pollfd, 2> waits = {{{pipe_, POLLIN, 0}, {cancellation.descriptor(), POLLIN, 0}}};
     while (pipe_ >= 0 && !cancellation.isCancelled() && output.size() < outputLimit) {
+        // Once everybody who writes has gone, what is left can be read without waiting.
         const int ready =
-            poll(waits.data(), waits.size(), static_cast<int>(deadline.remainingTime()));
+            (waits[0].revents & POLLHUP) != 0
+                ? 1
+                : poll(waits.data(), waits.size(), static_cast<int>(deadline.remainingTime()));
         if (ready < 0 && errno == EINTR)
             continue;
         if (ready <= 0 || waits[0].revents == 0)

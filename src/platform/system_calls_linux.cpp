@@ -27,9 +27,8 @@ bool openPipe(int (&ends)[2]) {
 // Refused when all pipes of this user together would be too large: then a smaller one may do.
 void enlargePipe(int end, int limit) {
     static const int largest = largestPipe(); // administrators set it when the system starts
-    const int present = fcntl(end, F_GETPIPE_SZ);
-    int size = std::min(largest, limit);
-    while (size > present && fcntl(end, F_SETPIPE_SZ, size) < 0)
+    int size = std::clamp(largest, usualPipe, limit);
+    while (fcntl(end, F_SETPIPE_SZ, size) < 0 && size > usualPipe)
         size /= 2;
 }
 
