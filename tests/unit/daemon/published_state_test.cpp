@@ -54,6 +54,18 @@ TEST(PublishedState, HasChangedOnceForAllTheSettingsOfATurnWhenTheyAreStored) {
     EXPECT_EQ(seen.last().hostname, u"d"_s);
 }
 
+TEST(PublishedState, HasNotChangedWhenEveryValueIsTheOneThatItHad) {
+    PublishedState state;
+    state.set(&DaemonState::hostname, u"name"_s);
+    test::runEventLoopFor(10ms);
+    int changes = 0;
+    QObject::connect(&state, &PublishedState::changed, &state, [&] { ++changes; });
+    state.set(&DaemonState::hostname, u"name"_s);
+    state.set(&DaemonState::errorMessage, std::nullopt);
+    test::runEventLoopFor(10ms);
+    EXPECT_EQ(changes, 0);
+}
+
 } // namespace
 
 } // namespace tarnwick
