@@ -28,7 +28,8 @@ public:
 
     QRect rect() const override {
         const auto* window = static_cast<const FramelessWindow*>(widget());
-        return QAccessibleWidget::rect().marginsRemoved(window->shadowMargins());
+        const QRect visible = window->visibleRect();
+        return visible.translated(QAccessibleWidget::rect().topLeft());
     }
 };
 
@@ -77,8 +78,22 @@ void FramelessWindow::updateShadow() {
     update();
 }
 
-void FramelessWindow::setVisibleGeometry(const QRect& geometry) {
-    setGeometry(geometry.marginsAdded(shadowMargins_));
+void FramelessWindow::setVisibleGeometry(const QRect& visible) {
+    if (!isVisible())
+        declaredRoomAbove_ = roomAbove(visible);
+    const int room = shadowMargins_.isNull() ? 0 : declaredRoomAbove_;
+    const QRect shaded = visible.marginsAdded(shadowMargins_);
+    const QRect now = geometry();
+    const bool isRoomEnough = isVisible() && room > 0 && now.top() <= shaded.top() &&
+                              now.bottomLeft() == shaded.bottomLeft() &&
+                              now.right() == shaded.right();
+    if (isRoomEnough) {
+        roomAbove_ = shaded.top() - now.top();
+        visibleRectChanged();
+    } else {
+        roomAbove_ = room;
+        setGeometry(shaded.marginsAdded({0, room, 0, 0}));
+    }
 }
 
 void FramelessWindow::showInFront() {
@@ -123,7 +138,8 @@ void FramelessWindow::declareShape() {
     QPainterPath whole;
     whole.addRect(0, 0, anySize, anySize);
     const QPoint corner = visibleRect().topLeft();
-    declareShadow(*windowHandle(), shadowMargins_,
+    const QMargins margins = shadowMargins_ + QMargins(0, declaredRoomAbove_, 0, 0);
+    declareShadow(*windowHandle(), hasDeclaredShadow_ ? margins : QMargins(),
                   hasDeclaredShadow_ ? outline_.translated(corner) : whole);
 }
 

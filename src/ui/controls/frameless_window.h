@@ -34,9 +34,9 @@ public:
     const QMargins& shadowMargins() const { return shadowMargins_; }
 
     /// The part without the shadow, in coordinates of the window and of the screen.
-    QRect visibleRect() const { return rect().marginsRemoved(shadowMargins_); }
+    QRect visibleRect() const { return rect().marginsRemoved(invisibleMargins()); }
 
-    QRect visibleGeometry() const { return geometry().marginsRemoved(shadowMargins_); }
+    QRect visibleGeometry() const { return geometry().marginsRemoved(invisibleMargins()); }
 
     bool holdsShadow() const { return !shadow_.isReleased(); }
 
@@ -45,6 +45,13 @@ protected:
     ~FramelessWindow() override;
 
     void setVisibleGeometry(const QRect& geometry);
+
+    /// How much higher than the visible part a window with a shadow is made. Within that room its
+    /// top comes and goes at once, where the window manager would resize it a frame too late.
+    virtual int roomAbove(const QRect& /*geometry*/) const { return 0; }
+
+    /// The visible part has another place in the window, whose size may be the same as before.
+    virtual void visibleRectChanged() {}
 
     /// Sets the shape of the background and the part of it that throws the shadow, in coordinates
     /// of the visible part.
@@ -77,6 +84,8 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    QMargins invisibleMargins() const { return shadowMargins_ + QMargins(0, roomAbove_, 0, 0); }
+
     void applyMask();
     void declareShape();
 
@@ -84,6 +93,8 @@ private:
     QRect body_;
     WindowShadow shadow_;
     QMargins shadowMargins_;
+    int roomAbove_ = 0;         ///< Between the shadow's margin and the visible part, now
+    int declaredRoomAbove_ = 0; ///< and when the window was opened.
     std::unique_ptr<QObject> compositorWatch_; ///< While visible.
     bool isComposited_ = true;
     bool hasDeclaredShadow_ = false;

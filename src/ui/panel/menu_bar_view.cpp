@@ -195,6 +195,19 @@ void MenuBarView::escape() {
 
 void MenuBarView::resizeEvent(QResizeEvent* event) {
     FramelessWindow::resizeEvent(event);
+    visibleRectChanged();
+}
+
+int MenuBarView::roomAbove(const QRect& geometry) const {
+    constexpr int forAllRows = 300; // more than between the fewest rows and the most
+    const QScreen* screen = QGuiApplication::screenAt(geometry.center());
+    if (!growsUpwards_ || isOrdinaryWindow() || screen == nullptr)
+        return 0;
+    const int room = geometry.top() - screen->availableGeometry().top();
+    return std::clamp(room - room % 4, 0, forAllRows); // whole pixels at every scale
+}
+
+void MenuBarView::visibleRectChanged() {
     scrollArea_->setGeometry(visibleRect());
     const QRect shape(QPoint(0, 0), visibleRect().size());
     QPainterPath square;

@@ -63,6 +63,8 @@ protected:
     void deactivated() override;
     bool event(QEvent* event) override;
     void shadowMarginsChanged() override;
+    int roomAbove(const QRect& geometry) const override;
+    void visibleRectChanged() override;
     void resizeEvent(QResizeEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
