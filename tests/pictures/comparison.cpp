@@ -10,8 +10,6 @@ namespace tarnwick::pictures {
 
 namespace {
 
-constexpr int cellSide = 2;
-
 /// A hairline on the panel's background changes its cells by 12, rounding changes them by 4.
 constexpr int visibleDifference = 8;
 

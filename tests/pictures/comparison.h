@@ -7,9 +7,10 @@
 
 namespace tarnwick::pictures {
 
-/// The picture reduced to cells of 2 × 2 points, each of their mean colour in 64 steps a channel:
-/// what versions of Qt and FreeType do to the edges of letters is lost, what an eye would notice is
-/// not.
+constexpr int cellSide = 2; ///< Of the cells in which pictures are compared, in points.
+
+/// The picture reduced to cells, each of the mean colour of its pixels in 64 steps a channel: what
+/// versions of Qt and FreeType do to the edges of letters is lost, what an eye would notice is not.
 QImage cellsOf(const QImage& picture);
 
 /// Neighbouring cells that differ.

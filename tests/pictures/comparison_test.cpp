@@ -35,7 +35,7 @@ protected:
         popover = open(panel, scene);
     }
 
-    ~ComparisonTest() override { style.apply({}); }
+    void TearDown() override { style.apply({}); }
 
     QImage picture() { return pictureOf(panel, popover); }
 
@@ -48,9 +48,9 @@ protected:
         change();
         const QList<Difference> found = differences(cellsOf(picture()), before);
         ASSERT_FALSE(found.isEmpty());
-        constexpr int cell = 2;
+        const QMargins cell(cellSide, cellSide, cellSide, cellSide); // only touched by the change
         for (const Difference& difference : found)
-            EXPECT_TRUE(place.adjusted(-cell, -cell, cell, cell).contains(difference.area));
+            EXPECT_TRUE(place.marginsAdded(cell).contains(difference.area));
     }
 
     void publish(const DaemonState& state) {

@@ -8,7 +8,10 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QProcessEnvironment>
+#include <QSet>
 #include <QTextStream>
+
+#include <utility>
 
 namespace {
 

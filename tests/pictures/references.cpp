@@ -30,18 +30,21 @@ QImage withColorTable(const QImage& cells) {
     return cells.convertToFormat(QImage::Format_Indexed8, {colors.begin(), colors.end()});
 }
 
+QString points(const QSize& cells) {
+    return u"%1 x %2"_s.arg(cells.width() * cellSide).arg(cells.height() * cellSide);
+}
+
 QString sentence(const QList<Difference>& found, const QSize& cells, const QSize& reference) {
     const auto& [area, count, strongest] = found.first();
-    QString text = u"differs at (%1, %2) in %3 x %4 points: %5 cells, by up to %6 of 255"_s.arg(
-        QString::number(area.x()), QString::number(area.y()), QString::number(area.width()),
-        QString::number(area.height()), QString::number(count), QString::number(strongest));
+    QString text = u"differs at (%1, %2) in %3 points: %4 cells, by up to %5 of 255"_s.arg(
+        QString::number(area.x()), QString::number(area.y()), points(area.size() / cellSide),
+        QString::number(count), QString::number(strongest));
     if (found.size() > 1)
         text += u"; and in %1 smaller places"_s.arg(found.size() - 1);
-    if (cells != reference)
-        text += u"; its size is %1 x %2 cells, not %3 x %4"_s.arg(cells.width())
-                    .arg(cells.height())
-                    .arg(reference.width())
-                    .arg(reference.height());
+    if (cells != reference) {
+        text +=
+            u"; it is %1 points large, the reference %2"_s.arg(points(cells), points(reference));
+    }
     return text;
 }
 
@@ -55,8 +58,8 @@ QImage framed(QImage picture, const QList<Difference>& found) {
 
 } // namespace
 
-References::References(QDir folder, const QString& fileEnding)
-    : folder_(std::move(folder)), fileEnding_(fileEnding) {}
+References::References(const QDir& folder, QString fileEnding)
+    : folder_(folder), fileEnding_(std::move(fileEnding)) {}
 
 QImage References::reference(const QString& name) const {
     return QImage(folder_.filePath(name + fileEnding_));

@@ -11,7 +11,7 @@ namespace tarnwick::pictures {
 /// The pictures, in cells, as somebody has accepted them: one file each, of one scale here.
 class References {
 public:
-    References(QDir folder, const QString& fileEnding);
+    References(const QDir& folder, QString fileEnding);
 
     /// Says how the picture differs from its reference, empty if it looks the same. What differs is
     /// left in `results`: the picture, its reference, and the picture with the differences framed.
