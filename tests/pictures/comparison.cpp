@@ -72,8 +72,7 @@ private:
 
 QImage cellsOf(const QImage& picture) {
     const int pixels = qRound(cellSide * picture.devicePixelRatio());
-    const QSize cells((picture.width() + pixels - 1) / pixels,
-                      (picture.height() + pixels - 1) / pixels);
+    const QSize cells(picture.width() / pixels, picture.height() / pixels);
     QImage reduced = picture.copy(QRect(QPoint(), cells * pixels))
                          .scaled(cells, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
                          .convertToFormat(QImage::Format_RGB32);
