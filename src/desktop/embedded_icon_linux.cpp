@@ -20,7 +20,8 @@ namespace tarnwick {
 
 namespace {
 
-constexpr QSize wantedSize(22, 22);                         // trays make it as large as the others
+// What GNOME's tray makes of it at last. It draws a smaller picture over the larger one before.
+constexpr QSize wantedSize(16, 16);
 constexpr std::chrono::milliseconds restBeforeToolTip{700}; // as widgets have it
 
 } // namespace
