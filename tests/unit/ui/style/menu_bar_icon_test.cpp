@@ -48,6 +48,12 @@ double visibleShare(const QIcon& icon, int size, int ground) {
     return static_cast<double>(visible) / (size * size);
 }
 
+QByteArray symbolicIcon() {
+    QFile file(QStringLiteral(TARNWICK_SYMBOLIC_ICON));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll();
+}
+
 /// The colour that a picture has in its middle.
 QColor middleOf(const QByteArray& svg) {
     QImage image(16, 16, QImage::Format_ARGB32_Premultiplied);
@@ -126,11 +132,14 @@ TEST(MenuBarIcon, IsLegibleOnDarkAndOnLightWhereNothingTintsIt) {
     }
 }
 
+// GTK's hosts look for the root element in that many bytes, or show nothing.
+TEST(MenuBarIcon, TheSymbolicIconIsRecognisedAsSvgByItsFirst256Bytes) {
+    EXPECT_TRUE(symbolicIcon().left(256).contains("<svg "));
+}
+
 // Plasma replaces the style sheet of that id by one with the colours of its theme.
 TEST(MenuBarIcon, TheSymbolicIconTakesTheColorOfPlasmasStyleSheet) {
-    QFile file(QStringLiteral(TARNWICK_SYMBOLIC_ICON));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    QByteArray svg = file.readAll();
+    QByteArray svg = symbolicIcon();
     EXPECT_EQ(middleOf(svg), QColor(0x88, 0x88, 0x88));
 
     const QByteArray begin = R"(<style id="current-color-scheme" type="text/css">)";
