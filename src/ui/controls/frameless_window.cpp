@@ -56,6 +56,7 @@ void FramelessWindow::setVisible(bool visible) {
         if (windowHandle() == nullptr)
             create(); // winId() would make a window of each control of the parent as well
         setLeftOutOfTaskBars(*windowHandle(), windowFlags().testFlag(Qt::FramelessWindowHint));
+        openedAt_ = pos();
     }
     QWidget::setVisible(visible);
 }
@@ -165,8 +166,13 @@ bool FramelessWindow::focusNextPrevChild(bool next) {
 void FramelessWindow::paintEvent(QPaintEvent* event) {
     // Window managers that put a window of theirs around this one copy the part that takes clicks
     // only when they see it change, and see nothing before they have shown it.
-    if (std::exchange(isFirstFrame_, false))
+    if (std::exchange(isFirstFrame_, false)) {
         declareShape();
+        // MATE's keeps the shadow of a new window on the screen as well, but not that of a moved
+        // one.
+        if (!shadowMargins_.isNull() && pos() != openedAt_)
+            move(openedAt_);
+    }
     QPainter painter(this);
     if (!isComposited_) // the mask's corners have no alpha
         painter.fillRect(rect(), backgroundColor(palette()));

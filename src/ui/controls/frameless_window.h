@@ -93,6 +93,7 @@ private:
     QRect body_;
     WindowShadow shadow_;
     QMargins shadowMargins_;
+    QPoint openedAt_;
     int roomAbove_ = 0;         ///< Between the shadow's margin and the visible part, now
     int declaredRoomAbove_ = 0; ///< and when the window was opened.
     std::unique_ptr<QObject> compositorWatch_; ///< While visible.

@@ -5,6 +5,7 @@
 
 #include <QAccessible>
 #include <QLabel>
+#include <QWindow>
 
 namespace tarnwick {
 
@@ -27,6 +28,21 @@ public:
 
 protected:
     bool canHaveShadow() const override { return true; }
+};
+
+/// A window manager that gives new windows another place.
+class NewWindowsMover : public QObject {
+public:
+    bool hasMoved = false;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Show) {
+            auto* window = static_cast<QWindow*>(watched);
+            window->setPosition(window->position() + QPoint(-24, 20));
+            hasMoved = true;
+        }
+        return false;
+    }
 };
 
 class Shadow : public test::PanelOnScreen {
@@ -54,6 +70,16 @@ TEST_F(Shadow, IsLeftOutOfPlacement) {
     EXPECT_EQ(shaded.visibleGeometry().topLeft(), QPoint(400, 40));
     EXPECT_EQ(shaded.visibleGeometry().size(), shaded.panelSize());
     EXPECT_EQ(shaded.geometry(), shaded.visibleGeometry().marginsAdded(WindowShadow::margins));
+}
+
+TEST_F(Shadow, IsNotKeptOnTheScreenByAWindowManagerThatMovesNewWindows) {
+    openShaded();
+    shaded.hide();
+    NewWindowsMover windowManager;
+    shaded.windowHandle()->installEventFilter(&windowManager);
+    openShaded();
+    EXPECT_TRUE(windowManager.hasMoved);
+    EXPECT_EQ(shaded.visibleGeometry().topLeft(), QPoint(400, 40));
 }
 
 TEST_F(Shadow, IsLeftOutOfWhatAssistiveTechnologySees) {
