@@ -32,7 +32,8 @@ class Clipboard(unittest.TestCase):
         return self.session.desktop.run("timeout", 5, "xclip", "-o", "-selection", "clipboard")
 
     def wait_for_clipboard(self, text):
-        wait_until(lambda: self.clipboard() == text, f"{text!r}, have {self.clipboard()!r}")
+        wait_until(lambda: self.clipboard() == text, f"{text!r} on the clipboard",
+                   describe=lambda: f"have {self.clipboard()!r}; shown: {self.session.texts()}")
 
     def drag_over(self, text):
         """Selects with the mouse, from the first letter to beyond the last, and copies."""
