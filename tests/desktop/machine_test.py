@@ -2,6 +2,7 @@
 """A machine that works against the client: its disk, its limits, its signals and its desktop. It
 goes on, loses nothing, and the next good poll puts it right."""
 
+import itertools
 import os
 import pathlib
 import signal
@@ -11,7 +12,7 @@ import time
 import unittest
 
 from session import ADDRESS, GOOD_KEY, Session, skip_where_mounts_are_refused
-from virtual_desktop import bin_dir, stays, wait_until
+from virtual_desktop import bin_dir, comes, stays, wait_until
 
 KEYS = ("twkey-fernwood-good", GOOD_KEY)
 CONNECTED = ("Connected", ADDRESS, "Switch network", "Disconnect")
@@ -137,13 +138,12 @@ class Limits(unittest.TestCase):
         self.assertIn("Ran 1 test", run.stdout)
         self.assertNotIn("skipped", run.stdout)
 
-    def descriptors_at_rest(self, client):
-        """How many are open between two polls; one that is under way has pipes of its own."""
-        counts = []
-        for _ in range(40):
-            counts.append(len(os.listdir(f"/proc/{client}/fd")))
-            time.sleep(0.05)
-        return min(counts)
+    def use_up_descriptors(self, client):
+        """Leaves no number for a new one. The limit is for numbers, so what counts is the first that
+        is free, which a poll that is under way makes higher, and a window that closes lower."""
+        used = {int(number) for number in os.listdir(f"/proc/{client}/fd")}
+        free = next(number for number in itertools.count() if number not in used)
+        subprocess.run(["prlimit", "--pid", client, f"--nofile={free}:"], check=True)
 
     @unittest.skipIf(SANITIZED, "the sanitizer looks at memory through a pipe of its own")
     def test_out_of_descriptors_is_stopped_and_no_more(self):
@@ -151,9 +151,14 @@ class Limits(unittest.TestCase):
             session.begin(*KEYS)
             session.refresh(*CONNECTED)
             client = str(session.client.pid)
-            used = self.descriptors_at_rest(client)
-            subprocess.run(["prlimit", "--pid", client, f"--nofile={used}:"], check=True)
-            session.refresh("Stopped", without=GONE)
+
+            def is_stopped():
+                self.use_up_descriptors(client)
+                session.press("Refresh")
+                return comes(lambda: "Stopped" in session.texts(), 3.0)
+
+            wait_until(is_stopped, "a poll without descriptors")
+            session.wait_for_texts("Stopped", without=GONE)
             subprocess.run(["prlimit", "--pid", client, "--nofile=1024:"], check=True)
             session.refresh(*CONNECTED)
 
