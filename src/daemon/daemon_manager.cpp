@@ -16,15 +16,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Without fallbacks: what another program or the administrator stores is none of ours.
+// Without fallbacks: what another program or the administrator stores is none of ours. By name
+// alone QSettings looks at the fallbacks' files all the same, at every poll.
 std::unique_ptr<QSettings> userSettings(const Platform& platform) {
     auto settings =
         std::make_unique<QSettings>(platform.settingsOrganization, platform.settingsApplication);
+    if (platform.settingsAreOneFile)
+        return std::make_unique<QSettings>(settings->fileName(), QSettings::NativeFormat);
     settings->setFallbacksEnabled(false);
-    if (!platform.settingsAreOneFile)
-        return settings;
-    // By name alone it looks at the fallbacks' files all the same, at every poll.
-    return std::make_unique<QSettings>(settings->fileName(), QSettings::NativeFormat);
+    return settings;
 }
 
 DaemonInstaller::Sources sourcesOf(const DaemonManagerOptions& options) {

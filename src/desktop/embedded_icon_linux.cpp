@@ -20,7 +20,7 @@ namespace tarnwick {
 
 namespace {
 
-// What GNOME's tray makes of it at last. It draws a smaller picture over the larger one before.
+// As GNOME's tray shows it. Asked for a larger one it shows both, one over the other.
 constexpr QSize wantedSize(16, 16);
 constexpr std::chrono::milliseconds restBeforeToolTip{700}; // as widgets have it
 

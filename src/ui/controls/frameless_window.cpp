@@ -84,12 +84,10 @@ void FramelessWindow::setVisibleGeometry(const QRect& visible) {
         declaredRoomAbove_ = roomAbove(visible);
     const int room = shadowMargins_.isNull() ? 0 : declaredRoomAbove_;
     const QRect shaded = visible.marginsAdded(shadowMargins_);
-    const QRect now = geometry();
-    const bool isRoomEnough = isVisible() && room > 0 && now.top() <= shaded.top() &&
-                              now.bottomLeft() == shaded.bottomLeft() &&
-                              now.right() == shaded.right();
-    if (isRoomEnough) {
-        roomAbove_ = shaded.top() - now.top();
+    const int above = shaded.top() - geometry().top();
+    const bool fits = above >= 0 && shaded.marginsAdded({0, above, 0, 0}) == geometry();
+    if (isVisible() && room > 0 && fits) {
+        roomAbove_ = above;
         visibleRectChanged();
     } else {
         roomAbove_ = room;
@@ -168,8 +166,8 @@ void FramelessWindow::paintEvent(QPaintEvent* event) {
     // only when they see it change, and see nothing before they have shown it.
     if (std::exchange(isFirstFrame_, false)) {
         declareShape();
-        // MATE's keeps the shadow of a new window on the screen as well, but not that of a moved
-        // one.
+        // MATE's window manager moves a new window until its shadow is on the screen too; where it
+        // is moved to afterwards, it may stay.
         if (!shadowMargins_.isNull() && pos() != openedAt_)
             move(openedAt_);
     }

@@ -87,7 +87,7 @@ private:
     std::optional<PanelContent> shown_;
     QTimer activationReview_;
     QPointer<const QWidget> lastActive_; ///< Of the panel and its popovers.
-    bool wasActiveSinceOpened_ = false;  ///< Or it or a popover is now.
+    bool wasActiveSinceOpened_ = false;  ///< It, or a popover of its.
     int maximumPanelHeight_ = QWIDGETSIZE_MAX;
     int renderCount_ = 0;
     bool growsUpwards_ = false;

@@ -82,6 +82,27 @@ TEST_F(Shadow, IsNotKeptOnTheScreenByAWindowManagerThatMovesNewWindows) {
     EXPECT_EQ(shaded.visibleGeometry().topLeft(), QPoint(400, 40));
 }
 
+TEST_F(Shadow, RowsComeAndGoWithinAWindowThatGrowsUpwards) {
+    test::publish(*daemon, test::connectedState());
+    shaded.openAt(
+        {400, shaded.screen()->availableGeometry().bottom() - shaded.panelSize().height()});
+    settle();
+    const QRect window = shaded.geometry();
+    const QRect large = shaded.visibleGeometry();
+
+    test::publish(*daemon, {});
+    settle();
+    EXPECT_EQ(shaded.geometry(), window);
+    EXPECT_LT(shaded.visibleGeometry().height(), large.height());
+    EXPECT_EQ(shaded.visibleGeometry().bottomLeft(), large.bottomLeft());
+
+    shaded.isShaded = false;
+    shaded.updateShadow();
+    settle();
+    EXPECT_EQ(shaded.geometry(), shaded.visibleGeometry());
+    EXPECT_EQ(shaded.visibleGeometry().bottomLeft(), large.bottomLeft());
+}
+
 TEST_F(Shadow, IsLeftOutOfWhatAssistiveTechnologySees) {
     openShaded();
     const QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&shaded);
