@@ -69,7 +69,8 @@ DaemonManager::DaemonManager(DaemonManagerOptions options)
       workQueue_(u"com.tarnwick.client.daemon"_s, enterBackgroundQualityOfService) {
     qCInfo(daemonLog) << "tool" << installer_.sources().tools.cliPath << "daemon"
                       << installer_.sources().tools.daemonPath;
-    QObject::connect(&statusTimer_, &QTimer::timeout, &statusTimer_, [this] { refreshStatus(); });
+    QObject::connect(&statusTimer_, &QTimer::timeout, &statusTimer_,
+                     [this] { beginRefresh(false, {}); });
 }
 
 DaemonManager::~DaemonManager() {

@@ -51,6 +51,9 @@ MessageBus::MessageBus(QString address)
     retry_.setSingleShot(true);
     retry_.setInterval(std::chrono::milliseconds::zero());
     QObject::connect(&retry_, &QTimer::timeout, this, &MessageBus::look);
+    answerLimit_.setSingleShot(true);
+    answerLimit_.setInterval(answerTimeout);
+    QObject::connect(&answerLimit_, &QTimer::timeout, this, &MessageBus::becomeUnavailable);
     retry_.start();
 }
 
@@ -93,10 +96,11 @@ void MessageBus::look() {
     }
     answer_ = std::make_unique<QSocketNotifier>(probe_.descriptor(), QSocketNotifier::Read);
     QObject::connect(answer_.get(), &QSocketNotifier::activated, this, &MessageBus::readAnswer);
-    QTimer::singleShot(answerTimeout, answer_.get(), [this] { becomeUnavailable(); });
+    answerLimit_.start();
 }
 
 void MessageBus::readAnswer() {
+    answerLimit_.stop();
     const auto answer = probe_.read();
     answer_->setEnabled(false);
     answer_.release()->deleteLater();

@@ -76,6 +76,7 @@ private:
     const QString name_; ///< The connection's, unique in this process.
     State state_ = State::Unknown;
     QTimer retry_;
+    QTimer answerLimit_; ///< Of a probe; an answer stops it, or it would wake us for nothing.
     LocalSocket probe_;
     std::unique_ptr<QSocketNotifier> answer_;
     QDBusConnection connection_;
