@@ -31,23 +31,32 @@ ProfileDetailsStore::ProfileDetailsStore(std::unique_ptr<QSettings> settings, QS
 ProfileDetailsStore::~ProfileDetailsStore() = default;
 
 ProfileDetailsMap ProfileDetailsStore::load() const {
-    return decode(storedData()).value_or(ProfileDetailsMap());
+    return decodedData().value_or(ProfileDetailsMap());
 }
 
 void ProfileDetailsStore::save(const ProfileDetailsMap& details) {
-    const QByteArray data = encode(details);
-    if (isLockedByAnother(*settings_))
+    // Only a sync that has something to write takes the lock. After an error there may be.
+    if (settings_->status() != QSettings::NoError && isLockedByAnother(*settings_))
         return;
     settings_->sync(); // notices a file that somebody else changed, removed or damaged
-    if (storedData() == data)
+    if (decodedData() == details || isLockedByAnother(*settings_))
         return;
-    settings_->setValue(key_, data);
+    settings_->setValue(key_, encode(details));
     settings_->sync();
 }
 
 QByteArray ProfileDetailsStore::storedData() const {
     const QVariant value = settings_->value(key_);
     return value.typeId() == QMetaType::QByteArray ? value.toByteArray() : QByteArray();
+}
+
+const std::optional<ProfileDetailsMap>& ProfileDetailsStore::decodedData() const {
+    const QByteArray data = storedData();
+    if (data != lastData_) {
+        lastData_ = data;
+        lastDecoded_ = decode(data);
+    }
+    return lastDecoded_;
 }
 
 QByteArray ProfileDetailsStore::encode(const ProfileDetailsMap& details) {

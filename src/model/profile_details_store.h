@@ -47,9 +47,12 @@ public:
 
 private:
     QByteArray storedData() const;
+    const std::optional<ProfileDetailsMap>& decodedData() const;
 
     std::unique_ptr<QSettings> settings_;
     QString key_;
+    mutable QByteArray lastData_; ///< What was decoded last: it seldom changes.
+    mutable std::optional<ProfileDetailsMap> lastDecoded_;
 };
 
 } // namespace tarnwick

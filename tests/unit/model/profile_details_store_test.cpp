@@ -212,6 +212,22 @@ TEST_F(ProfileDetailsStoreTest, LockHeldBeforeTheFirstSaveIsNotWaitedForEither) 
     EXPECT_EQ(store().load(), some);
 }
 
+TEST_F(ProfileDetailsStoreTest, LockHeldWhileSomethingCouldNotBeWrittenIsNotWaitedForEither) {
+    ASSERT_TRUE(QDir().mkpath(file()));
+    auto running = store();
+    running.save(some);
+    ASSERT_TRUE(QDir().rmdir(file()));
+    QLockFile lock(file() + u".lock"_s);
+    lock.setStaleLockTime(0);
+    ASSERT_TRUE(lock.lock());
+    running.save(some);
+    running.save(others);
+    EXPECT_FALSE(QFile::exists(file()));
+    lock.unlock();
+    running.save(others);
+    EXPECT_EQ(store().load(), others);
+}
+
 TEST_F(ProfileDetailsStoreTest, SavingTheSameAgainLeavesTheFileAlone) {
     auto running = store();
     running.save(some);
