@@ -16,7 +16,7 @@ def main():
     with Desktop(tray="top", accessibility=False) as desktop:
         figures += panel_figures(f"{bin_dir}/tarnwick_benchmark_panel", desktop.environment,
                                  repetitions=5 if quick else 11)
-    figures += ClientCost(bin_dir, runs=3 if quick else 7, polls=3 if quick else 12).figures()
+    figures += ClientCost(bin_dir, runs=3 if quick else 7, polls=3 if quick else 36).figures()
     print_table(figures)
     return any(figure.verdict == "MISSED" for figure in figures)
 
