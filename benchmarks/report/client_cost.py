@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 """Figures of the client as a whole, against a minimal tray program in the same desktop."""
 
+import collections
 import os
 import pathlib
 import re
@@ -14,9 +15,18 @@ import process_cost
 from figure import Figure
 from simulated_daemon import SimulatedDaemon, programs, quick_world
 from tray_watch import TrayWatch
-from virtual_desktop import Desktop
+from virtual_desktop import Desktop, wait_until
 
 POLL_INTERVAL = 5.0
+
+Use = collections.namedtuple("Use", "name goal entries")
+Entry = collections.namedtuple("Entry", "number window")  # counted from the panel's last
+PANEL = Use("the panel was opened and closed", 1.30, [None])
+WINDOWS = [  # text fields and title bars need more of Qt
+    Use("a check for updates", 1.35, [Entry(3, "Software Update")]),
+    Use("the auth-key window", 1.35, [Entry(5, None), Entry(5, "Connect to Network")]),
+]
+
 SHELL_LOOP = 'while :; do "$0" --socket="$1" status --json >/dev/null 2>&1; sleep 5; done'
 
 
@@ -63,19 +73,26 @@ class ClientCost:
         return directory / "tarnwick-client", directory / "minimal_tray"
 
     def _memory(self):
-        rounds = [(self._once(self._minimal, use=False), self._once(self._client, use=True))
-                  for _ in range(self._runs)]
-        minimal, client = (
-            {key: statistics.median(pair[i][key] for pair in rounds) for key in rounds[0][i]}
-            for i in (0, 1))
+        figures = self._memory_of_uses("", [PANEL, *WINDOWS])
+        self._desktop.environment["QT_SCALE_FACTOR"] = "2"
+        figures += self._memory_of_uses(" at 2x", [PANEL])
+        del self._desktop.environment["QT_SCALE_FACTOR"]
+        return figures
 
-        def memory(key, name, goal):
-            return Figure(f"{name} : minimal tray program", client[key] / minimal["pss"], "x", goal,
-                          f"{client[key] / 1024:.1f} : {minimal['pss'] / 1024:.1f} MiB")
+    def _memory_of_uses(self, scale, uses):
+        rounds = [[self._memory_once(self._minimal), *(self._memory_once(self._client, use)
+                                                       for use in uses)]
+                  for _ in range(self._runs)]
+
+        def figure(name, goal, values):
+            kib, minimal = (statistics.median(column) for column in zip(*values))
+            return Figure(f"PSS, {name}{scale} : minimal tray program", kib / minimal, "x", goal,
+                          f"{kib / 1024:.1f} : {minimal / 1024:.1f} MiB")
 
         return [
-            memory("pss", "PSS, idle, panel never opened", 1.10),
-            memory("pss_used", "PSS, after the panel was opened and closed", 1.30),
+            figure("idle, panel never opened", 1.10, [(r[1][0], r[0][0]) for r in rounds]),
+            *(figure(f"after {use.name}", use.goal, [(r[i][1], r[0][0]) for r in rounds])
+              for i, use in enumerate(uses, 1)),
         ]
 
     def _starting(self):
@@ -97,19 +114,20 @@ class ClientCost:
     def _start(self, *line):
         return self._desktop.start(*line, bound=False)
 
-    def _once(self, program, use):
-        """Starts a program alone, measures it at rest and after use, and ends it."""
+    def _memory_once(self, program, use=None):
+        """Starts a program alone and measures it at rest and after use, and ends it."""
         self._watch.wait_for_none()
         self._daemon.clear_log()
         process = self._start(program)
         self._watch.wait_for_icon()
         time.sleep(2.0)
-        result = {"pss": process_cost.pss_kib(process.pid)}
+        result = [process_cost.pss_kib(process.pid)]
         if program == self._client and not self._polls_asked():
             sys.exit("the client did not reach the daemon: its figures would mean nothing")
         if use:
-            self._open_and_close(process)
-            result["pss_used"] = process_cost.pss_kib(process.pid)
+            self._use(process, use)
+            result.append(process_cost.pss_kib(process.pid))
+            self._daemon.tool("up")
         process.stop()
         return result
 
@@ -117,14 +135,26 @@ class ClientCost:
         """How many polls the daemon has answered since its log was cleared."""
         return sum(entry["command"] == "status" for entry in self._daemon.log())
 
-    def _open_and_close(self, process):
+    def _use(self, process, use):
+        """Opens the panel and what is to be chosen in it, and closes all."""
         icon = self._desktop.wait_for_icon(process)
-        self._desktop.click(icon.center)
-        self._desktop.wait_for_panel(process)
-        time.sleep(0.7)
-        self._desktop.click(icon.center)
-        self._desktop.wait_for_no_panel(process)
+        for entry in use.entries:
+            self._desktop.click(icon.center)
+            self._desktop.wait_for_panel(process)
+            time.sleep(0.7)
+            if entry:
+                self._desktop.key(*["Up"] * entry.number, "Return")
+                time.sleep(0.7)
+            if entry and entry.window:
+                wait_until(lambda title=entry.window: self._shows(title), entry.window)
+                self._desktop.key("Escape")
+            else:
+                self._desktop.click(icon.center)
+            self._desktop.wait_for_no_panel(process)
         time.sleep(1.0)
+
+    def _shows(self, title):
+        return self._desktop.run("xdotool", "search", "--onlyvisible", "--name", title) != ""
 
     def _tool_run(self):
         """The simulator's own speed, which all figures of polls lean on."""

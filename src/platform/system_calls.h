@@ -17,6 +17,9 @@ void enlargePipe(int end, int limit);
 void closeInheritedDescriptors(posix_spawnattr_t& attributes, posix_spawn_file_actions_t& actions,
                                short& flags);
 
+/// Gives freed memory back to the system. Walks the whole heap: for rare moments.
+void returnFreedMemory();
+
 /// Lets the system run the calling thread's work later: nobody waits for it.
 void enterBackgroundQualityOfService();
 

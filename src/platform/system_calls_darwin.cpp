@@ -2,6 +2,7 @@
 #include "platform/system_calls.h"
 
 #include <fcntl.h>
+#include <malloc/malloc.h>
 #include <pthread/qos.h>
 #include <unistd.h>
 
@@ -24,6 +25,10 @@ void closeInheritedDescriptors(posix_spawnattr_t&, posix_spawn_file_actions_t& a
                                short& flags) {
     flags = static_cast<short>(flags | POSIX_SPAWN_CLOEXEC_DEFAULT);
     posix_spawn_file_actions_addinherit_np(&actions, STDIN_FILENO);
+}
+
+void returnFreedMemory() {
+    malloc_zone_pressure_relief(nullptr, 0);
 }
 
 void enterBackgroundQualityOfService() {

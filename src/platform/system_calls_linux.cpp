@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <fcntl.h>
 #include <fstream>
+#include <malloc.h>
 #include <unistd.h>
 
 namespace tarnwick {
@@ -34,6 +35,10 @@ void enlargePipe(int end, int limit) {
 
 void closeInheritedDescriptors(posix_spawnattr_t&, posix_spawn_file_actions_t& actions, short&) {
     posix_spawn_file_actions_addclosefrom_np(&actions, STDERR_FILENO + 1);
+}
+
+void returnFreedMemory() {
+    malloc_trim(0);
 }
 
 // A Linux thread's nice value is inherited by the programs it starts: a background thread here

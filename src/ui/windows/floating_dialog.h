@@ -12,6 +12,9 @@ class FloatingDialog : public QDialog {
 
 public:
     explicit FloatingDialog(const QString& title);
+    ~FloatingDialog() override;
+    FloatingDialog(const FloatingDialog&) = delete;
+    FloatingDialog& operator=(const FloatingDialog&) = delete;
 
     /// Shows and activates it in the middle of the screen that has the pointer.
     void present();
