@@ -178,7 +178,6 @@ class Trial:
 
 
 def wait_for_a_quiet_clock():
-    """A clock in the bar that goes on to the next minute would look like an icon."""
-    if time.localtime().tm_sec > 40:
-        wait_until(lambda: time.localtime().tm_sec <= 40, "the next minute", 30, 0.5)
-        time.sleep(1)
+    """A clock in the bar that goes on to the next minute would look like an icon. Some do so a second
+    or two late."""
+    wait_until(lambda: 3 <= time.localtime().tm_sec <= 40, "the next minute", 60, 0.5)
