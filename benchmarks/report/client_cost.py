@@ -24,6 +24,7 @@ Entry = collections.namedtuple("Entry", "number window")  # counted from the pan
 PANEL = Use("the panel was opened and closed", 1.30, [None])
 WINDOWS = [  # text fields and title bars need more of Qt
     Use("a check for updates", 1.35, [Entry(3, "Software Update")]),
+    # "Disconnect" first, in whose place the entry for the window comes
     Use("the auth-key window", 1.35, [Entry(5, None), Entry(5, "Connect to Network")]),
 ]
 
