@@ -25,6 +25,7 @@ CLIENT = bin_dir() / "tarnwick-client"
 GOOD_KEY = "twkey-harbor-good"
 ADDRESS = "100.72.14.3"
 PANEL = "Tarnwick Network"
+DOUBLE_CLICK = 0.5  # seconds; what is faster counts as one
 
 # As the client's own, in its own view of the file system. The one that has it mounted for a user
 # who is not root gives the rights for that away again.
@@ -84,6 +85,7 @@ class Session:
         self.daemon = SimulatedDaemon(world or quick_world(), faults, self._make_directory("daemon"))
         self.daemon.socket = self.desktop.user_socket
         self.client = self.reader = self.icon = None
+        self._last_click = 0.0
         self._install_browser()
         if installed:
             self.install()
@@ -240,8 +242,11 @@ class Session:
         wait_until(is_closed, "Escape to close the panel")
 
     def click(self, name, role=Role.BUTTON, description=None):
-        """A click with the mouse in the middle of a control."""
-        self.desktop.click(self.settled(role, name, description).center)
+        """A click with the mouse in the middle of a control; never the second of a double click."""
+        center = self.settled(role, name, description).center
+        time.sleep(max(0.0, self._last_click + DOUBLE_CLICK - time.monotonic()))
+        self.desktop.click(center)
+        self._last_click = time.monotonic()
 
     def settled(self, role, name, description=None):
         """That control once its window is where the display has it, and not still on its way."""
