@@ -227,7 +227,8 @@ class Leaving(unittest.TestCase):
             for after in (0, 0.7):
                 with self.subTest(signal=with_signal, after=after):
                     hanging = self.time_to_leave(HANGING_TOOL, with_signal, after)
-                    self.assertLess(hanging, 1.0 + 5 * idle)
+                    # Where nothing else is at work, less than a second; the tool has twelve.
+                    self.assertLess(hanging, 4.0 + 5 * idle)
 
     def test_the_display_going_away_ends_the_program(self):
         with Desktop(tray="top") as desktop:
